@@ -1,0 +1,57 @@
+# How everything of our own is compiled and linked.
+
+include_guard()
+
+# Programs and libraries find each other in the build tree and in an installed prefix alike.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+find_package(Threads REQUIRED)
+
+add_library(quavera-options INTERFACE)
+target_compile_features(quavera-options INTERFACE cxx_std_17)
+target_compile_options(quavera-options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-align
+    -Wcast-qual -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference
+    -Wdouble-promotion -Wundef -Wimplicit-fallthrough
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wuseless-cast>
+    $<$<BOOL:${QUAVERA_WERROR}>:-Werror>)
+
+if(QUAVERA_SANITIZE)
+    # Without vptr: it needs the type information of the SOAP classes, which libquavera.so, for
+    # which they are mere declarations, does not link.
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# quavera_own_sources(<target>): the target's sources are ours, held to our warnings and lint.
+function(quavera_own_sources target)
+    target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:quavera-options>)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    if(QUAVERA_TIDY)
+        set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "clang-tidy;--quiet")
+    endif()
+endfunction()
+
+# quavera_shared_library(<target>): one of the project's libraries. It exports what its headers
+# mark, and finds the others beside itself.
+function(quavera_shared_library target)
+    add_library(${target} SHARED)
+    add_library(Quavera::${target} ALIAS ${target})
+    quavera_own_sources(${target})
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    target_include_directories(${target} PUBLIC
+        "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
+        "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/quavera>")
+    target_link_options(${target} PRIVATE LINKER:--no-undefined LINKER:--as-needed)
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        INSTALL_RPATH "$ORIGIN")
+    if(QUAVERA_SANITIZE)
+        # A sanitizer's runtime comes with the program.
+        set_target_properties(${target} PROPERTIES LINK_OPTIONS "LINKER:--as-needed")
+    endif()
+endfunction()

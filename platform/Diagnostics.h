@@ -1,0 +1,44 @@
+#ifndef QUAVERA_PLATFORM_DIAGNOSTICS_H_
+#define QUAVERA_PLATFORM_DIAGNOSTICS_H_
+
+#include <array>
+
+#include "platform/Export.h"
+
+namespace zq {
+
+/// The calling thread's stack at the moment of construction. Copyable; allocates nothing itself.
+class ZQ_API StackTrace {
+ public:
+    static constexpr int kMaxDepth = 32;
+
+    /// Captures up to `kMaxDepth` return addresses, innermost first.
+    StackTrace();
+
+    /// Number of addresses captured; 0 where the platform cannot walk the stack.
+    int depth() const { return depth_; }
+    /// The return address at `index`, 0 (innermost) to `depth() - 1`.
+    void* address(int index) const { return addresses_[static_cast<std::size_t>(index)]; }
+
+    /// Writes one line for each address to the file descriptor, without allocating.
+    void Write(int descriptor) const;
+
+ private:
+    std::array<void*, kMaxDepth> addresses_;
+    int depth_;
+};
+
+/// Receives assertion reports: the source path and line as the reporter states them, and the stack
+/// of the moment. It is called on the reporting thread and must not throw.
+using AssertHandler = void (*)(const char* path, int line, const StackTrace& trace);
+
+/// Installs `handler` for the whole process and returns the previous one; null puts the default
+/// handler back, which writes path, line and trace to standard error. May be called on any thread.
+ZQ_API AssertHandler SetAssertHandler(AssertHandler handler);
+
+/// Reports that something happened that cannot happen. Returns: execution goes on.
+ZQ_API void AssertWrite(const char* path, int line, const StackTrace& trace);
+
+}  // namespace zq
+
+#endif  // QUAVERA_PLATFORM_DIAGNOSTICS_H_

@@ -1,0 +1,299 @@
+#include "platform/Node.h"
+
+#include <new>
+#include <vector>
+
+#include "platform/Base64Encoder.h"
+#include "platform/ToString.h"
+
+namespace ZQXML {
+namespace {
+
+/// `INode::GetValueInt`'s reading of a text.
+int ParseInt(std::string_view text) {
+    std::size_t at = 0;
+    while (at < text.size() && text[at] == ' ') {
+        ++at;
+    }
+    const bool negative = at < text.size() && text[at] == '-';
+    if (negative || (at < text.size() && text[at] == '+')) {
+        ++at;
+    }
+    // Unsigned arithmetic is modulo 2^32 by itself, also for the negation.
+    std::uint32_t value = 0;
+    for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
+        value = value * 10 + static_cast<std::uint32_t>(text[at] - '0');
+    }
+    return static_cast<std::int32_t>(negative ? 0 - value : value);
+}
+
+std::string DecodeBase64(std::string_view text) {
+    std::string data(text.size(), '\0');
+    long size = static_cast<long>(data.size());
+    Base64Encoder().Decode(text.data(), static_cast<long>(text.size()), data.data(), &size);
+    data.resize(static_cast<std::size_t>(size));
+    return data;
+}
+
+}  // namespace
+
+INode* ChildList::First() {
+    return current_ = first_;
+}
+
+INode* ChildList::Next() {
+    if (current_ != nullptr) {
+        current_ = current_->next_;
+    }
+    return current_;
+}
+
+zq::auto_com<INode> CreateXmlNode() {
+    Arena* const arena = Arena::Create();
+    // Cannot fail: an arena's first block has room for a node. The node takes over the first pin.
+    return zq::auto_com<INode>(::new (arena->Allocate(sizeof(Node))) Node(arena, 1));
+}
+
+zq::auto_com<INode> Node::CreateNode() {
+    Node* const node = ::new (arena_->Allocate(sizeof(Node))) Node(arena_, 1);
+    arena_->Pin();
+    return zq::auto_com<INode>(node);
+}
+
+std::string_view Node::NameText() const {
+    return name_ == nullptr ? std::string_view() : name_->View();
+}
+
+std::string Node::GetName() {
+    return std::string(NameText());
+}
+
+std::string Node::GetValue() {
+    return std::string(Text());
+}
+
+int Node::GetValueInt() {
+    return ParseInt(Text());
+}
+
+std::string Node::GetValueDecoded() {
+    return encoded_ ? DecodeBase64(Text()) : GetValue();
+}
+
+std::string_view Node::NameView(std::string& /*storage*/) {
+    return NameText();
+}
+
+std::string_view Node::ValueView(std::string& /*storage*/) {
+    return Text();
+}
+
+INode* Node::FindChild(const std::string& name) {
+    Node* child = FirstChild();
+    while (child != nullptr && child->NameText() != name) {
+        child = child->next_;
+    }
+    return child;
+}
+
+INodeList* Node::GetChildren() {
+    return Children();
+}
+
+void Node::Initialize(const std::string& name, const std::string& text) {
+    SetNameAndText(name, text);
+    encoded_ = false;
+}
+
+void Node::AddChild(const std::string& name, const char* text) {
+    AddElement(name, text == nullptr ? std::string_view() : std::string_view(text));
+}
+
+void Node::AddChild(const std::string& name, const std::string& text) {
+    AddElement(name, text);
+}
+
+void Node::AddChild(const std::string& name, int value) {
+    AddElement(name, zq::ToString(value));
+}
+
+void Node::AddChild(const std::string& name, unsigned long value) {
+    AddElement(name, zq::ToString(static_cast<std::uint32_t>(value)));
+}
+
+void Node::AddChild(const std::string& name, bool value) {
+    AddElement(name, zq::ToString(value));
+}
+
+void Node::AddChildEncoded(const std::string& name, const std::string& text) {
+    AddElement(name, text)->encoded_ = true;
+}
+
+void Node::AppendChild(INode* child) {
+    if (child == nullptr) {
+        return;
+    }
+    Node* const own = dynamic_cast<Node*>(child);
+    if (own == nullptr) {
+        AttachCopy(child);
+    } else if (own->parent_ == nullptr && !IsInSubtreeOf(own)) {
+        Attach(own);
+    }
+}
+
+Node* Node::AddElement(std::string_view name, std::string_view text) {
+    Node* const child = ::new (arena_->Allocate(sizeof(Node))) Node(arena_, 0);
+    child->SetNameAndText(name, text);
+    Attach(child);
+    return child;
+}
+
+void Node::SetNameAndText(std::string_view name, std::string_view text) {
+    const Name* const stored = name.empty() ? nullptr : arena_->StoreName(name);
+    SetText(text);
+    name_ = stored;  // last: a failed allocation changes nothing
+}
+
+void Node::SetText(std::string_view text) {
+    text_ = arena_->StoreText(text);
+    textSize_ = static_cast<std::uint32_t>(text.size());
+}
+
+ChildList* Node::Children() {
+    if (children_ == nullptr) {
+        children_ = ::new (arena_->Allocate(sizeof(ChildList))) ChildList;
+    }
+    return children_;
+}
+
+/// The element behind this one in document order within the subtree of `root`.
+Node* Node::NextInSubtree(const Node* root) const {
+    if (Node* const child = FirstChild()) {
+        return child;
+    }
+    const Node* node = this;
+    while (node != root && node->next_ == nullptr) {
+        node = node->parent_;
+    }
+    return node == root ? nullptr : node->next_;
+}
+
+/// Looks from both ends in turns, up from this node and down through the subtree, so that neither
+/// a deep tree nor a large subtree makes building quadratic.
+bool Node::IsInSubtreeOf(Node* root) {
+    const Node* above = this;
+    const Node* below = root;
+    while (above != nullptr && below != nullptr) {
+        if (above == root || below == this) {
+            return true;
+        }
+        above = above->parent_;
+        below = below->NextInSubtree(root);
+    }
+    return false;
+}
+
+void Node::Attach(Node* child) {
+    ChildList* const list = Children();
+    if (child->arena_ != arena_) {
+        child->arena_->Pin();
+        ++arena_->outwardLinks;
+    }
+    child->parent_ = this;
+    (list->last_ == nullptr ? list->first_ : list->last_->next_) = child;
+    list->last_ = child;
+}
+
+void Node::CopyContents(INode* foreign) {
+    std::string name;
+    std::string text;
+    SetNameAndText(foreign->NameView(name), foreign->ValueView(text));
+    encoded_ = foreign->IsEncoded();
+}
+
+void Node::AttachCopy(INode* foreign) {
+    struct Level {
+        INodeList* originals;
+        INode* original;
+        Node* parent;
+    };
+    std::vector<Level> levels;
+    const auto descend = [&levels](INode* original, Node* copy) {
+        copy->CopyContents(original);
+        if (INodeList* const originals = original->GetChildren()) {
+            levels.push_back({originals, originals->First(), copy});
+        }
+    };
+
+    // Attached last: a failure on the way leaves this node as it was.
+    const zq::auto_com<INode> root = CreateNode();
+    descend(foreign, static_cast<Node*>(root.get()));
+    while (!levels.empty()) {
+        INode* const original = levels.back().original;
+        if (original == nullptr) {
+            levels.pop_back();
+            continue;
+        }
+        levels.back().original = levels.back().originals->Next();
+        descend(original, levels.back().parent->AddElement({}, {}));
+    }
+    Attach(static_cast<Node*>(root.get()));
+}
+
+void Node::AddRef() {
+    if (references_++ == 0) {
+        arena_->Pin();
+    }
+}
+
+void Node::Release() {
+    if (references_ == 0 || --references_ > 0) {
+        return;
+    }
+    if (parent_ == nullptr) {
+        Destroy(this);
+    } else {
+        arena_->Unpin();
+    }
+}
+
+/// Ends the life of a node that has neither parent nor reference, and of all in its subtree that
+/// has no reference either. The nodes still to go form a list, each with a pin on its arena.
+void Node::Destroy(Node* root) {
+    for (Node* dying = root; dying != nullptr;) {
+        Node* const node = dying;
+        dying = node->next_;
+        Arena* const arena = node->arena_;
+        // With no other pin and no link out of it, the arena goes whole, with all its elements.
+        if (!arena->IsPinnedOnce() || arena->outwardLinks > 0) {
+            node->UnlinkChildren(&dying);
+        }
+        arena->Unpin();
+    }
+}
+
+void Node::UnlinkChildren(Node** dying) {
+    for (Node* child = FirstChild(); child != nullptr;) {
+        Node* const next = child->next_;
+        child->parent_ = nullptr;
+        child->next_ = nullptr;
+        const bool hasOwnArena = child->arena_ != arena_;
+        if (hasOwnArena) {
+            --arena_->outwardLinks;
+        }
+        if (child->references_ > 0) {
+            if (hasOwnArena) {
+                child->arena_->Unpin();
+            }
+        } else {
+            if (!hasOwnArena) {
+                arena_->Pin();
+            }
+            child->next_ = *dying;
+            *dying = child;
+        }
+        child = next;
+    }
+}
+
+}  // namespace ZQXML

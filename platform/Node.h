@@ -1,0 +1,95 @@
+#ifndef QUAVERA_PLATFORM_NODE_H_
+#define QUAVERA_PLATFORM_NODE_H_
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/Arena.h"
+#include "platform/XmlNode.h"
+
+namespace ZQXML {
+
+class Node;
+
+/// The children of a node; made when a node gets its first child or is asked for its list.
+class ChildList final : public INodeList {
+ public:
+    INode* First() override;
+    INode* Next() override;
+
+ private:
+    friend class Node;
+
+    Node* first_ = nullptr;
+    Node* last_ = nullptr;
+    Node* current_ = nullptr;  // the walk's position; null ahead of First and behind the end
+};
+
+/// Our element. Elements that are added to a created node lie in its arena; a node appended to
+/// another tree keeps its own. Every node in use by itself (referenced from outside, or attached
+/// to a parent in another arena) holds a pin on its arena; the others live by their parent.
+class Node final : public INode {
+ public:
+    Node(Arena* arena, std::uint32_t references) : arena_(arena), references_(references) {}
+    Node(const Node&) = delete;
+    Node& operator=(const Node&) = delete;
+
+    std::string GetName() override;
+    std::string GetValue() override;
+    int GetValueInt() override;
+    INode* FindChild(const std::string& name) override;
+    void AppendChild(INode* child) override;
+    void AddChild(const std::string& name, const char* text) override;
+    void AddChild(const std::string& name, const std::string& text) override;
+    void AddChild(const std::string& name, int value) override;
+    void AddChild(const std::string& name, unsigned long value) override;
+    void AddChild(const std::string& name, bool value) override;
+    void AddChildEncoded(const std::string& name, const std::string& text) override;
+    std::string GetValueDecoded() override;
+    INodeList* GetChildren() override;
+    void Initialize(const std::string& name, const std::string& text) override;
+    void Release() override;
+
+    void AddRef() override;
+    bool IsEncoded() override { return encoded_; }
+    bool HasChildren() override { return FirstChild() != nullptr; }
+    std::string_view NameView(std::string& storage) override;
+    std::string_view ValueView(std::string& storage) override;
+    zq::auto_com<INode> CreateNode() override;
+
+    /// Adds a last child and returns it, borrowed.
+    Node* AddElement(std::string_view name, std::string_view text);
+    void SetNameAndText(std::string_view name, std::string_view text);
+    void SetText(std::string_view text);
+    void SetEncoded(bool encoded) { encoded_ = encoded; }
+
+ private:
+    friend class ChildList;
+
+    std::string_view NameText() const;
+    std::string_view Text() const { return {text_, textSize_}; }
+    ChildList* Children();
+    Node* FirstChild() const { return children_ == nullptr ? nullptr : children_->first_; }
+    Node* NextInSubtree(const Node* root) const;
+    bool IsInSubtreeOf(Node* root);
+    void Attach(Node* child);
+    void AttachCopy(INode* foreign);
+    void CopyContents(INode* foreign);
+    void UnlinkChildren(Node** dying);
+    static void Destroy(Node* root);
+
+    Arena* arena_;
+    Node* parent_ = nullptr;
+    Node* next_ = nullptr;  // the next sibling; in a tree that is being destroyed, the next to go
+    ChildList* children_ = nullptr;
+    const Name* name_ = nullptr;  // null: empty
+    const char* text_ = nullptr;
+    std::uint32_t textSize_ = 0;
+    std::uint32_t references_;  // held by callers; the tree's own is parent_
+    bool encoded_ = false;
+};
+
+}  // namespace ZQXML
+
+#endif  // QUAVERA_PLATFORM_NODE_H_

@@ -1,0 +1,122 @@
+#ifndef QUAVERA_PLATFORM_XML_NODE_H_
+#define QUAVERA_PLATFORM_XML_NODE_H_
+
+#include <string>
+#include <string_view>
+
+#include "platform/AutoCom.h"
+#include "platform/Export.h"
+
+/// Trees of XML elements: a name, a text, and child elements in document order.
+///
+/// Names and texts are byte strings, UTF-8 by convention; the tree stores any bytes unchanged.
+/// A tree is used by one thread at a time. Depth and width are limited by memory only, no
+/// operation recurses, and a failed allocation throws `std::bad_alloc` and changes nothing.
+namespace ZQXML {
+
+class INode;
+
+/// A new node without name, text or children; the result holds its only reference.
+ZQ_API zq::auto_com<INode> CreateXmlNode();
+
+/// The direct children of a node in document order, owned by that node.
+/// A list has one position, so one walk at a time; it follows children added on the way.
+class INodeList {
+ public:
+    /// The first child, or null when there is none. Borrowed. Starts a walk.
+    virtual INode* First() = 0;
+    /// The child behind the one returned last, or null at the end. Borrowed.
+    virtual INode* Next() = 0;
+
+ protected:
+    INodeList() = default;
+    INodeList(const INodeList&) = default;
+    INodeList& operator=(const INodeList&) = default;
+    virtual ~INodeList() = default;
+};
+
+/// One element of a tree.
+///
+/// The first 15 operations make a complete node, in this order. The ones behind them have a body
+/// in terms of those 15, so a class that implements the 15 can be handed to anyone; an
+/// implementation overrides them to save work, or to offer what the 15 cannot express.
+///
+/// A node lives as long as it has a parent or somebody holds a reference on it. Child pointers
+/// are borrowed: they are valid as long as the parent lives, and are not to be released.
+class INode {
+ public:
+    /// The element's name.
+    virtual std::string GetName() = 0;
+    /// The element's text exactly as stored; encoded text comes back undecoded.
+    virtual std::string GetValue() = 0;
+    /// The text as a signed decimal number: optional blanks (U+0020), an optional sign, and digits
+    /// up to the first other character, reduced modulo 2^32 into the signed range (so
+    /// "4294967295" is -1). 0 where there is no digit.
+    virtual int GetValueInt() = 0;
+    /// The first direct child of exactly that name, or null. Borrowed.
+    virtual INode* FindChild(const std::string& name) = 0;
+    /// Makes `child`, with its subtree, the last child; the tree takes a reference of its own.
+    ///
+    /// Does nothing when `child` is null, has a parent already, is this node or one of its
+    /// ancestors: a tree stays a tree. Of a node of another implementation a copy is attached.
+    virtual void AppendChild(INode* child) = 0;
+    /// Adds a last child with this name and text; a null text counts as empty.
+    virtual void AddChild(const std::string& name, const char* text) = 0;
+    /// Adds a last child with this name and text, zero bytes included.
+    virtual void AddChild(const std::string& name, const std::string& text) = 0;
+    /// Adds a last child whose text is the number in decimal.
+    virtual void AddChild(const std::string& name, int value) = 0;
+    /// Adds a last child whose text is the value modulo 2^32 in decimal, so that the text is the
+    /// same whether `unsigned long` has 32 or 64 bits.
+    virtual void AddChild(const std::string& name, unsigned long value) = 0;
+    /// Adds a last child whose text is "true" (`TRUE_STRING`) or "false".
+    virtual void AddChild(const std::string& name, bool value) = 0;
+    /// Adds a last child for a text that is base64 already, and marks it as encoded.
+    virtual void AddChildEncoded(const std::string& name, const std::string& text) = 0;
+    /// The decoded bytes of an element marked as encoded (empty where its text is no base64); of
+    /// any other the text as it stands.
+    virtual std::string GetValueDecoded() = 0;
+    /// The list of direct children; never null, owned by this node.
+    virtual INodeList* GetChildren() = 0;
+    /// Gives a new node its name and text. On a node in use both are replaced and the mark of
+    /// encoded text goes; children stay.
+    virtual void Initialize(const std::string& name, const std::string& text) = 0;
+    /// Gives one reference back. The node goes with its last reference, unless it has a parent.
+    /// Does nothing where no reference is held, so that releasing a borrowed child is harmless.
+    virtual void Release() = 0;
+
+    /// Takes one more reference, which keeps this node and its subtree usable after the rest of
+    /// the tree has gone. The default body does nothing.
+    virtual void AddRef() {}
+    /// Whether the element is marked as holding base64 text. The default body knows no marks.
+    virtual bool IsEncoded() { return false; }
+    /// Whether there is any child. The default body starts a walk of the list.
+    virtual bool HasChildren() {
+        INodeList* const children = GetChildren();
+        return children != nullptr && children->First() != nullptr;
+    }
+    /// `GetName` without a copy where that can be had: the view is valid until the node changes or
+    /// goes, or `storage`, which the default body copies the name to, changes.
+    virtual std::string_view NameView(std::string& storage) {
+        storage = GetName();
+        return storage;
+    }
+    /// `GetValue` likewise.
+    virtual std::string_view ValueView(std::string& storage) {
+        storage = GetValue();
+        return storage;
+    }
+    /// A new node, as from `CreateXmlNode`, that is meant to become part of this node's tree and
+    /// may share memory with it.
+    virtual zq::auto_com<INode> CreateNode() { return CreateXmlNode(); }
+
+ protected:
+    INode() = default;
+    INode(const INode&) = default;
+    INode& operator=(const INode&) = default;
+    virtual ~INode() = default;
+};
+
+}  // namespace ZQXML
+
+#endif  // QUAVERA_PLATFORM_XML_NODE_H_

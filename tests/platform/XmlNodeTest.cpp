@@ -1,0 +1,574 @@
+#include "platform/XmlNode.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "platform/ToString.h"
+#include "tests/support/FakeNode.h"
+#include "tests/support/Random.h"
+#include "tests/support/TreeText.h"
+
+// The single operations of an element. How elements make up a tree is in XmlTreeTest.cpp.
+
+namespace {
+
+using Tree = zq::auto_com<ZQXML::INode>;
+
+Tree NewNode(const std::string& name, const std::string& text = {}) {
+    Tree node = ZQXML::CreateXmlNode();
+    node->Initialize(name, text);
+    return node;
+}
+
+/// The direct children by the list's walk.
+std::vector<ZQXML::INode*> Children(ZQXML::INode* node) {
+    std::vector<ZQXML::INode*> children;
+    ZQXML::INodeList* const list = node->GetChildren();
+    for (ZQXML::INode* child = list->First(); child != nullptr; child = list->Next()) {
+        children.push_back(child);
+    }
+    return children;
+}
+
+std::string ChildNames(ZQXML::INode* node) {
+    std::string names;
+    for (ZQXML::INode* const child : Children(node)) {
+        names += child->GetName() + ' ';
+    }
+    return names;
+}
+
+int IntOf(const std::string& text) {
+    return NewNode("n", text)->GetValueInt();
+}
+
+/// Texts and names that a careless store would damage.
+std::vector<std::string> DifficultTexts() {
+    std::vector<std::string> texts = {
+        "",
+        "a",
+        std::string(1, '\0'),
+        std::string("a\0b\0", 4),
+        "\xFF\xFE",
+        "\xC3\xA9",
+        " ",
+        "\r\n\t",
+        "<&>\"'",
+        "]]>",
+        "\xEF\xBB\xBF",
+        std::string(3, '\0'),
+    };
+    Random random(5);
+    for (const std::size_t size :
+         {255U, 256U, 257U, 4095U, 4096U, 4097U, 16383U, 16384U, 16385U, 100000U}) {
+        texts.push_back(random.Bytes(size));
+    }
+    return texts;
+}
+
+TEST(CreateXmlNode, YieldsAnEmptyNode) {
+    const Tree node = ZQXML::CreateXmlNode();
+    ASSERT_TRUE(node);
+    EXPECT_EQ(node->GetName(), "");
+    EXPECT_EQ(node->GetValue(), "");
+    EXPECT_EQ(node->GetValueInt(), 0);
+    EXPECT_EQ(node->GetValueDecoded(), "");
+    EXPECT_FALSE(node->IsEncoded());
+    EXPECT_FALSE(node->HasChildren());
+    EXPECT_EQ(node->FindChild(""), nullptr);
+    EXPECT_EQ(node->GetChildren()->First(), nullptr);
+}
+
+TEST(Initialize, SetsNameAndTextOfAnyBytes) {
+    for (const std::string& name : DifficultTexts()) {
+        for (const std::string& text : DifficultTexts()) {
+            const Tree node = NewNode(name, text);
+            ASSERT_EQ(node->GetName(), name);
+            ASSERT_EQ(node->GetValue(), text);
+        }
+    }
+}
+
+TEST(Initialize, ReplacesBothOnANodeInUseAndKeepsChildren) {
+    const Tree node = NewNode("old", "old text");
+    node->AddChild("child", "x");
+    node->Initialize("new", "");
+    EXPECT_EQ(TreeText(node.get()), R"("new"=""("child"="x"))");
+    node->Initialize("", "text");
+    EXPECT_EQ(TreeText(node.get()), R"(""="text"("child"="x"))");
+}
+
+TEST(Initialize, RemovesTheMarkOfEncodedText) {
+    const Tree node = NewNode("parent");
+    node->AddChildEncoded("child", "Zm9v");
+    ZQXML::INode* const child = node->FindChild("child");
+    child->Initialize("child", "Zm9v");
+    EXPECT_FALSE(child->IsEncoded());
+    EXPECT_EQ(child->GetValueDecoded(), "Zm9v");
+}
+
+TEST(AddChild, KeepsNamesAndTextsOfAnyBytesInOrder) {
+    const Tree node = NewNode("parent");
+    const std::vector<std::string> texts = DifficultTexts();
+    for (const std::string& text : texts) {
+        node->AddChild(text, text);
+    }
+    const std::vector<ZQXML::INode*> children = Children(node.get());
+    ASSERT_EQ(children.size(), texts.size());
+    for (std::size_t at = 0; at < texts.size(); ++at) {
+        ASSERT_EQ(children[at]->GetName(), texts[at]) << at;
+        ASSERT_EQ(children[at]->GetValue(), texts[at]) << at;
+        ASSERT_EQ(children[at]->GetValueDecoded(), texts[at]) << at;
+    }
+}
+
+TEST(AddChild, CStringFormEndsAtTheZeroByte) {
+    const Tree node = NewNode("parent");
+    node->AddChild("a", "text");
+    node->AddChild("b", "te\0xt");
+    node->AddChild("c", "");
+    EXPECT_EQ(TreeText(node.get()), R"("parent"=""("a"="text" "b"="te" "c"=""))");
+}
+
+TEST(AddChild, NullCStringCountsAsEmpty) {
+    const Tree node = NewNode("parent");
+    node->AddChild("a", static_cast<const char*>(nullptr));
+    EXPECT_EQ(TreeText(node.get()), R"("parent"=""("a"=""))");
+}
+
+TEST(AddChild, IntFormIsSignedDecimal) {
+    const Tree node = NewNode("parent");
+    for (const int value :
+         {0, 1, -1, 1234567890, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+        node->AddChild("n", value);
+        EXPECT_EQ(Children(node.get()).back()->GetValue(), std::to_string(value));
+        EXPECT_EQ(Children(node.get()).back()->GetValueInt(), value);
+    }
+}
+
+TEST(AddChild, UnsignedFormIsUnsignedDecimal) {
+    const Tree node = NewNode("parent");
+    node->AddChild("a", 0UL);
+    node->AddChild("b", 2147483648UL);
+    node->AddChild("c", 4294967295UL);
+    EXPECT_EQ(TreeText(node.get()), R"("parent"=""("a"="0" "b"="2147483648" "c"="4294967295"))");
+    EXPECT_EQ(node->FindChild("b")->GetValueInt(), std::numeric_limits<int>::min());
+    EXPECT_EQ(node->FindChild("c")->GetValueInt(), -1);
+}
+
+TEST(AddChild, UnsignedFormIsModulo32Bits) {
+    if (std::numeric_limits<unsigned long>::digits == 32) {
+        GTEST_SKIP() << "unsigned long has 32 bits";
+    }
+    const std::uint64_t values[][2] = {{0x100000000U, 0},
+                                       {0x100000007U, 7},
+                                       {0x8000000080000000U, 0x80000000U},
+                                       {0xFFFFFFFFFFFFFFFFU, 0xFFFFFFFFU}};
+    const Tree node = NewNode("parent");
+    for (const auto& [value, expected] : values) {
+        node->AddChild("n", static_cast<unsigned long>(value));
+        EXPECT_EQ(Children(node.get()).back()->GetValue(), std::to_string(expected));
+    }
+}
+
+TEST(AddChild, BoolFormIsTrueStringOrFalse) {
+    const Tree node = NewNode("parent");
+    node->AddChild("t", true);
+    node->AddChild("f", false);
+    EXPECT_EQ(node->FindChild("t")->GetValue(), TRUE_STRING);
+    EXPECT_EQ(node->FindChild("f")->GetValue(), "false");
+}
+
+TEST(AddChild, TakesCopiesOfItsArguments) {
+    const Tree node = NewNode("parent");
+    std::string name = "name";
+    std::string text = "text";
+    node->AddChild(name, text);
+    node->AddChild(name, text.c_str());
+    name.assign("####");
+    text.assign("####");
+    EXPECT_EQ(TreeText(node.get()), R"("parent"=""("name"="text" "name"="text"))");
+}
+
+TEST(AddChild, NamesThatRepeatStayApartFromTheirTexts) {
+    const Tree node = NewNode("n", "n");
+    for (int index = 0; index < 3000; ++index) {
+        node->AddChild(index % 3 == 0 ? "n" : "m", index);
+    }
+    const std::vector<ZQXML::INode*> children = Children(node.get());
+    ASSERT_EQ(children.size(), 3000U);
+    for (int index = 0; index < 3000; ++index) {
+        ZQXML::INode* const child = children[static_cast<std::size_t>(index)];
+        ASSERT_EQ(child->GetName(), index % 3 == 0 ? "n" : "m");
+        ASSERT_EQ(child->GetValueInt(), index);
+    }
+}
+
+TEST(AddChild, ManyDistinctNamesAreAllKept) {
+    constexpr int kCount = 5000;
+    const Tree node = NewNode("parent");
+    const auto nameOf = [](int index) { return "name" + std::to_string(index); };
+    for (int round = 0; round < 2; ++round) {
+        for (int index = 0; index < kCount; ++index) {
+            node->AddChild(nameOf(index), round * kCount + index);
+        }
+    }
+    const std::vector<ZQXML::INode*> children = Children(node.get());
+    ASSERT_EQ(children.size(), 2U * kCount);
+    for (int index = 0; index < 2 * kCount; ++index) {
+        ZQXML::INode* const child = children[static_cast<std::size_t>(index)];
+        ASSERT_EQ(child->GetName(), nameOf(index % kCount));
+        ASSERT_EQ(child->GetValueInt(), index);
+    }
+}
+
+TEST(AddChildEncoded, KeepsTheTextAndMarksTheElement) {
+    const Tree node = NewNode("parent");
+    node->AddChildEncoded("a", "Zm9v");
+    node->AddChildEncoded("b", "");
+    node->AddChildEncoded("c", "no base64!");
+    node->AddChild("d", "Zm9v");
+    EXPECT_EQ(TreeText(node.get()),
+              R"("parent"=""("a"="Zm9v"* "b"=""* "c"="no base64!"* "d"="Zm9v"))");
+}
+
+TEST(GetValueDecoded, DecodesMarkedElementsOnly) {
+    const Tree node = NewNode("parent", "Zm9v");
+    node->AddChildEncoded("a", "Zm9vYmE=");
+    node->AddChildEncoded("b", "AP8A");
+    node->AddChildEncoded("c", " Zm9v\r\nYg = = ");
+    node->AddChildEncoded("d", "");
+    node->AddChild("e", "Zm9v");
+    node->AddChild("f", std::string("Zm9v"));
+    const char* const names[] = {"a", "b", "c", "d", "e", "f"};
+    const std::string decoded[] = {"fooba", std::string("\0\xFF\0", 3), "foob", "", "Zm9v", "Zm9v"};
+    for (std::size_t at = 0; at < std::size(names); ++at) {
+        EXPECT_EQ(node->FindChild(names[at])->GetValueDecoded(), decoded[at]) << names[at];
+    }
+    EXPECT_EQ(node->GetValueDecoded(), "Zm9v");
+}
+
+TEST(GetValueDecoded, MalformedTextYieldsNothing) {
+    for (const char* const text : {"Zm9v!", "Zg", "Zg=", "====", "Zg==Zg==", "Zm9vZ", "\xC3\xA9"}) {
+        const Tree node = NewNode("parent");
+        node->AddChildEncoded("a", text);
+        EXPECT_EQ(node->FindChild("a")->GetValueDecoded(), "") << text;
+        EXPECT_EQ(node->FindChild("a")->GetValue(), text);
+    }
+}
+
+struct Number {
+    const char* text;
+    int value;
+};
+
+constexpr int kMin = std::numeric_limits<int>::min();
+constexpr int kMax = std::numeric_limits<int>::max();
+
+const Number kNumbers[] = {
+    {"0", 0},
+    {"7", 7},
+    {"007", 7},
+    {"+7", 7},
+    {"-7", -7},
+    {"-0", 0},
+    {"   12", 12},
+    {"  -12", -12},
+    {"  +12", 12},
+    {"12x", 12},
+    {"12 34", 12},
+    {"12.9", 12},
+    {"1e3", 1},
+    {"0x10", 0},
+    {"5-", 5},
+    // No digit where one has to be.
+    {"", 0},
+    {" ", 0},
+    {"x", 0},
+    {"x12", 0},
+    {"-", 0},
+    {"+", 0},
+    {"--5", 0},
+    {"+-5", 0},
+    {"-+5", 0},
+    {"- 5", 0},
+    {"+ 5", 0},
+    {"true", 0},
+    {"\xC2\xA0"
+     "5",
+     0},
+    // Blanks are U+0020 alone.
+    {"\t12", 0},
+    {"\n12", 0},
+    {" \t12", 0},
+    {"\r12", 0},
+    // Limits and wrapping.
+    {"2147483647", kMax},
+    {"-2147483648", kMin},
+    {"2147483648", kMin},
+    {"-2147483649", kMax},
+    {"4294967295", -1},
+    {"4294967296", 0},
+    {"4294967303", 7},
+    {"-4294967295", 1},
+    {"-4294967303", -7},
+    {"18446744073709551615", -1},
+    {"18446744073709551617", 1},
+    {"-18446744073709551617", -1},
+    {"100000000000000000000000000000000000000005", 5 /* 10^41 = 2^41 * 5^41 */},
+    {"00000000000000000000000000000000000000000012", 12},
+};
+
+TEST(GetValueInt, ReadsBlanksSignAndDigitsModulo32Bits) {
+    for (const Number& number : kNumbers) {
+        EXPECT_EQ(IntOf(number.text), number.value) << '"' << number.text << '"';
+    }
+}
+
+TEST(GetValueInt, StopsAtAZeroByte) {
+    EXPECT_EQ(IntOf(std::string("12\0"
+                                "34",
+                                5)),
+              12);
+    EXPECT_EQ(IntOf(std::string("\0"
+                                "12",
+                                3)),
+              0);
+}
+
+TEST(FindChild, YieldsTheFirstOfExactlyThatName) {
+    const Tree node = NewNode("parent");
+    node->AddChild("a", 1);
+    node->AddChild("b", 2);
+    node->AddChild("a", 3);
+    node->AddChild("", 4);
+    node->AddChild("ab", 5);
+    node->AddChild(std::string("a\0", 2), 6);
+    EXPECT_EQ(node->FindChild("a")->GetValueInt(), 1);
+    EXPECT_EQ(node->FindChild("b")->GetValueInt(), 2);
+    EXPECT_EQ(node->FindChild("")->GetValueInt(), 4);
+    EXPECT_EQ(node->FindChild("ab")->GetValueInt(), 5);
+    EXPECT_EQ(node->FindChild(std::string("a\0", 2))->GetValueInt(), 6);
+}
+
+TEST(FindChild, YieldsNullForAnyOtherName) {
+    const Tree node = NewNode("parent");
+    node->AddChild("name", "x");
+    node->FindChild("name")->AddChild("inner", "y");
+    for (const std::string name :
+         {"", "nam", "names", "Name", "NAME", " name", "name ", "parent", "inner", "x"}) {
+        EXPECT_EQ(node->FindChild(name), nullptr) << name;
+    }
+    EXPECT_EQ(node->FindChild(std::string("name\0", 5)), nullptr);
+}
+
+TEST(FindChild, NamesAreTheChildrensPresentOnes) {
+    const Tree node = NewNode("parent");
+    node->AddChild("old", 1);
+    node->FindChild("old")->Initialize("new", "2");
+    EXPECT_EQ(node->FindChild("old"), nullptr);
+    ASSERT_NE(node->FindChild("new"), nullptr);
+    EXPECT_EQ(node->FindChild("new")->GetValueInt(), 2);
+}
+
+TEST(GetChildren, IsTheSameListAtEachCall) {
+    const Tree node = NewNode("parent");
+    ZQXML::INodeList* const list = node->GetChildren();
+    ASSERT_NE(list, nullptr);
+    node->AddChild("a", 1);
+    EXPECT_EQ(node->GetChildren(), list);
+}
+
+TEST(GetChildren, ListObtainedBeforeChildrenFindsThem) {
+    const Tree node = NewNode("parent");
+    ZQXML::INodeList* const list = node->GetChildren();
+    EXPECT_EQ(list->First(), nullptr);
+    EXPECT_EQ(list->Next(), nullptr);
+    node->AddChild("a", 1);
+    const Tree appended = NewNode("b");
+    node->AppendChild(appended.get());
+    ASSERT_NE(list->First(), nullptr);
+    EXPECT_EQ(list->First()->GetName(), "a");
+    EXPECT_EQ(list->Next(), appended.get());
+    EXPECT_EQ(list->Next(), nullptr);
+}
+
+TEST(GetChildren, WalkVisitsDirectChildrenOnly) {
+    const Tree node = NewNode("parent");
+    node->AddChild("a", 1);
+    node->FindChild("a")->AddChild("inner", 2);
+    node->AddChild("b", 3);
+    EXPECT_EQ(ChildNames(node.get()), "a b ");
+    EXPECT_EQ(ChildNames(node->FindChild("a")), "inner ");
+    EXPECT_EQ(ChildNames(node->FindChild("b")), "");
+}
+
+TEST(GetChildren, WalkStaysAtItsEndAndStartsAnew) {
+    const Tree node = NewNode("parent");
+    node->AddChild("a", 1);
+    ZQXML::INodeList* const list = node->GetChildren();
+    ZQXML::INode* const child = list->First();
+    EXPECT_EQ(list->Next(), nullptr);
+    EXPECT_EQ(list->Next(), nullptr);
+    EXPECT_EQ(list->First(), child);
+    EXPECT_EQ(list->First(), child);
+    EXPECT_EQ(list->Next(), nullptr);
+}
+
+TEST(GetChildren, WalkFollowsChildrenAddedOnTheWay) {
+    const Tree node = NewNode("parent");
+    node->AddChild("n", 0);
+    ZQXML::INodeList* const list = node->GetChildren();
+    int count = 0;
+    for (ZQXML::INode* child = list->First(); child != nullptr; child = list->Next()) {
+        EXPECT_EQ(child->GetValueInt(), count);
+        if (++count < 100) {
+            node->AddChild("n", count);
+        }
+    }
+    EXPECT_EQ(count, 100);
+}
+
+TEST(GetChildren, WalksOverDifferentNodesAreIndependent) {
+    const Tree node = NewNode("parent");
+    for (const char* const name : {"a", "b", "c"}) {
+        node->AddChild(name, "");
+        for (int index = 0; index < 3; ++index) {
+            node->FindChild(name)->AddChild(name, index);
+        }
+    }
+    std::string visited;
+    ZQXML::INodeList* const outer = node->GetChildren();
+    for (ZQXML::INode* child = outer->First(); child != nullptr; child = outer->Next()) {
+        visited += child->GetName() + ':';
+        ZQXML::INodeList* const inner = child->GetChildren();
+        for (ZQXML::INode* leaf = inner->First(); leaf != nullptr; leaf = inner->Next()) {
+            visited += leaf->GetValue();
+        }
+        visited += ' ';
+    }
+    EXPECT_EQ(visited, "a:012 b:012 c:012 ");
+}
+
+TEST(HasChildren, IsTrueFromTheFirstChildOn) {
+    const Tree node = NewNode("parent", "text");
+    EXPECT_FALSE(node->HasChildren());
+    node->GetChildren();
+    EXPECT_FALSE(node->HasChildren());
+    node->AddChild("a", "");
+    EXPECT_TRUE(node->HasChildren());
+    EXPECT_FALSE(node->FindChild("a")->HasChildren());
+}
+
+TEST(Views, EqualTheCopies) {
+    for (const std::string& text : DifficultTexts()) {
+        const Tree node = NewNode(text, text);
+        std::string storage;
+        ASSERT_EQ(node->NameView(storage), text);
+        ASSERT_EQ(node->ValueView(storage), text);
+    }
+}
+
+TEST(Views, StayValidWhileOthersAreAdded) {
+    const Tree node = NewNode("parent", "parent's text");
+    std::string nameStorage;
+    std::string textStorage;
+    const std::string_view name = node->NameView(nameStorage);
+    const std::string_view text = node->ValueView(textStorage);
+    for (int index = 0; index < 1000; ++index) {
+        node->AddChild("name" + std::to_string(index), std::string(100, 'x'));
+    }
+    EXPECT_EQ(name, "parent");
+    EXPECT_EQ(text, "parent's text");
+}
+
+TEST(CreateNode, YieldsAnEmptyNodeOfItsOwn) {
+    const Tree node = NewNode("parent", "text");
+    node->AddChild("a", 1);
+    const Tree created = node->CreateNode();
+    ASSERT_TRUE(created);
+    EXPECT_EQ(TreeText(created.get()), R"(""="")");
+    EXPECT_EQ(TreeText(node.get()), R"("parent"="text"("a"="1"))");
+}
+
+// What a class gets that implements the 15 operations alone.
+
+TEST(DefaultBodies, KnowNoMarks) {
+    const zq::auto_com<FakeNode> node = FakeNode::Create("n");
+    node->AddChildEncoded("a", "Zm9v");
+    ZQXML::INode* const child = node->FindChild("a");
+    ASSERT_NE(child, nullptr);
+    EXPECT_FALSE(child->IsEncoded());
+}
+
+TEST(DefaultBodies, HasChildrenAsksTheList) {
+    const zq::auto_com<FakeNode> node = FakeNode::Create("n");
+    EXPECT_FALSE(node->HasChildren());
+    node->AddChild("a", "");
+    EXPECT_TRUE(node->HasChildren());
+}
+
+/// A node that has no list to offer.
+class ListlessNode final : public ZQXML::INode {
+ public:
+    std::string GetName() override { return "listless"; }
+    std::string GetValue() override { return "text"; }
+    int GetValueInt() override { return 0; }
+    INode* FindChild(const std::string& /*name*/) override { return nullptr; }
+    void AppendChild(INode* /*child*/) override {}
+    void AddChild(const std::string& /*name*/, const char* /*text*/) override {}
+    void AddChild(const std::string& /*name*/, const std::string& /*text*/) override {}
+    void AddChild(const std::string& /*name*/, int /*value*/) override {}
+    void AddChild(const std::string& /*name*/, unsigned long /*value*/) override {}
+    void AddChild(const std::string& /*name*/, bool /*value*/) override {}
+    void AddChildEncoded(const std::string& /*name*/, const std::string& /*text*/) override {}
+    std::string GetValueDecoded() override { return "text"; }
+    ZQXML::INodeList* GetChildren() override { return nullptr; }
+    void Initialize(const std::string& /*name*/, const std::string& /*text*/) override {}
+    void Release() override {}
+};
+
+TEST(DefaultBodies, HasChildrenTakesAMissingListForNone) {
+    ListlessNode node;
+    EXPECT_FALSE(node.HasChildren());
+    const Tree parent = NewNode("parent");
+    parent->AppendChild(&node);
+    EXPECT_EQ(TreeText(parent.get()), R"("parent"=""("listless"="text"))");
+}
+
+TEST(DefaultBodies, ViewsLieInTheStorage) {
+    const std::string bytes = std::string("zero\0byte", 9);
+    const zq::auto_com<FakeNode> node = FakeNode::Create(bytes, bytes + bytes);
+    std::string name;
+    std::string text;
+    EXPECT_EQ(node->NameView(name), bytes);
+    EXPECT_EQ(node->ValueView(text), bytes + bytes);
+    EXPECT_EQ(name, bytes);
+    EXPECT_EQ(text, bytes + bytes);
+}
+
+TEST(DefaultBodies, AddRefTakesNoReference) {
+    const int before = FakeNode::LiveCount();
+    {
+        const zq::auto_com<FakeNode> node = FakeNode::Create("n");
+        node->AddRef();
+        EXPECT_EQ(FakeNode::LiveCount(), before + 1);
+    }
+    EXPECT_EQ(FakeNode::LiveCount(), before);
+}
+
+TEST(DefaultBodies, CreateNodeYieldsAPlatformNode) {
+    const zq::auto_com<FakeNode> node = FakeNode::Create("n");
+    const Tree created = node->CreateNode();
+    ASSERT_TRUE(created);
+    EXPECT_EQ(TreeText(created.get()), R"(""="")");
+    created->AddChildEncoded("a", "Zm9v");
+    EXPECT_TRUE(created->FindChild("a")->IsEncoded());
+}
+
+}  // namespace

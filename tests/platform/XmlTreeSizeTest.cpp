@@ -1,0 +1,279 @@
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/XmlNode.h"
+#include "platform/XmlText.h"
+
+// Trees of a million elements, deep and wide, on a stack that no recursion over them would fit.
+// That none of this takes time that grows with the square of the size is held by the test's time
+// limit.
+
+namespace {
+
+using Tree = zq::auto_com<ZQXML::INode>;
+
+constexpr int kCount = 1000000;
+constexpr std::size_t kStackSize = std::size_t{256} * 1024;
+
+/// Runs `work` on a thread with a small stack.
+void RunOnSmallStack(std::function<void()> work) {
+    pthread_attr_t attributes;
+    ASSERT_EQ(pthread_attr_init(&attributes), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStackSize), 0);
+    const auto run = [](void* argument) -> void* {
+        (*static_cast<std::function<void()>*>(argument))();
+        return nullptr;
+    };
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
+    EXPECT_EQ(pthread_join(thread, nullptr), 0);
+    pthread_attr_destroy(&attributes);
+}
+
+Tree NewNode(const std::string& name) {
+    Tree node = ZQXML::CreateXmlNode();
+    node->Initialize(name, "");
+    return node;
+}
+
+/// "<n><n>...<n/>...</n></n>" for a chain of `count` nodes.
+bool IsChainText(std::string_view text, std::size_t count) {
+    constexpr std::string_view kStart = "<n>";
+    constexpr std::string_view kInnermost = "<n/>";
+    constexpr std::string_view kEnd = "</n>";
+    const std::size_t startSize = kStart.size() * (count - 1);
+    if (text.size() != startSize + kInnermost.size() + kEnd.size() * (count - 1)) {
+        return false;
+    }
+    for (std::size_t at = 0; at < count - 1; ++at) {
+        if (text.substr(at * kStart.size(), kStart.size()) != kStart ||
+            text.substr(startSize + kInnermost.size() + at * kEnd.size(), kEnd.size()) != kEnd) {
+            return false;
+        }
+    }
+    return text.substr(startSize, kInnermost.size()) == kInnermost;
+}
+
+void BuildWriteAndReleaseChain(Tree (*build)()) {
+    RunOnSmallStack([build] {
+        Tree root = build();
+        EXPECT_TRUE(IsChainText(ZQXML::WriteXml(root.get()), kCount));
+        root = nullptr;
+    });
+}
+
+TEST(DeepTree, OfAppendedNodesBuiltTopDown) {
+    BuildWriteAndReleaseChain([] {
+        Tree root = NewNode("n");
+        ZQXML::INode* deepest = root.get();
+        for (int depth = 1; depth < kCount; ++depth) {
+            const Tree child = NewNode("n");
+            deepest->AppendChild(child.get());
+            deepest = child.get();
+        }
+        return root;
+    });
+}
+
+TEST(DeepTree, OfAppendedNodesBuiltBottomUp) {
+    BuildWriteAndReleaseChain([] {
+        Tree root = NewNode("n");
+        for (int depth = 1; depth < kCount; ++depth) {
+            Tree parent = NewNode("n");
+            parent->AppendChild(root.get());
+            root = std::move(parent);
+        }
+        return root;
+    });
+}
+
+TEST(DeepTree, OfNodesMadeForTheTree) {
+    BuildWriteAndReleaseChain([] {
+        Tree root = NewNode("n");
+        ZQXML::INode* deepest = root.get();
+        for (int depth = 1; depth < kCount; ++depth) {
+            const Tree child = deepest->CreateNode();
+            child->Initialize("n", "");
+            deepest->AppendChild(child.get());
+            deepest = child.get();
+        }
+        return root;
+    });
+}
+
+TEST(DeepTree, OfAddedChildren) {
+    BuildWriteAndReleaseChain([] {
+        Tree root = NewNode("n");
+        ZQXML::INode* deepest = root.get();
+        for (int depth = 1; depth < kCount; ++depth) {
+            deepest->AddChild("n", "");
+            deepest = deepest->FindChild("n");
+        }
+        return root;
+    });
+}
+
+TEST(DeepTree, WhoseDeepestNodeIsKept) {
+    RunOnSmallStack([] {
+        Tree root = NewNode("n");
+        ZQXML::INode* deepest = root.get();
+        for (int depth = 1; depth < kCount; ++depth) {
+            deepest->AddChild("n", "");
+            deepest = deepest->FindChild("n");
+        }
+        deepest->Initialize("deepest", "text");
+        deepest->AddRef();
+        const Tree kept(deepest);
+        root = nullptr;
+        EXPECT_EQ(ZQXML::WriteXml(kept.get()), "<deepest>text</deepest>");
+    });
+}
+
+/// Two deep trees are joined in the middle: a subtree of any size may be appended at any depth.
+TEST(DeepTree, JoinedFromTwo) {
+    RunOnSmallStack([] {
+        constexpr int kHalf = kCount / 2;
+        Tree lower = NewNode("n");
+        for (int depth = 1; depth < kHalf; ++depth) {
+            Tree parent = NewNode("n");
+            parent->AppendChild(lower.get());
+            lower = std::move(parent);
+        }
+        const Tree upper = NewNode("n");
+        ZQXML::INode* deepest = upper.get();
+        for (int depth = 1; depth < kHalf; ++depth) {
+            deepest->AddChild("n", "");
+            deepest = deepest->FindChild("n");
+        }
+        deepest->AppendChild(lower.get());
+        lower->AppendChild(upper.get());
+        EXPECT_TRUE(IsChainText(ZQXML::WriteXml(upper.get()), kCount));
+    });
+}
+
+/// A node of another implementation, with a chain of others below it; it never recurses itself.
+class ChainNode final : public ZQXML::INode, public ZQXML::INodeList {
+ public:
+    explicit ChainNode(int depth) : depth_(depth) {}
+    ChainNode(const ChainNode&) = delete;
+    ChainNode& operator=(const ChainNode&) = delete;
+    ~ChainNode() override = default;
+
+    void SetChild(ChainNode* child) { child_ = child; }
+
+    std::string GetName() override { return "n"; }
+    std::string GetValue() override { return {}; }
+    int GetValueInt() override { return depth_; }
+    ZQXML::INode* FindChild(const std::string& /*name*/) override { return child_; }
+    void AppendChild(ZQXML::INode* /*child*/) override {}
+    void AddChild(const std::string& /*name*/, const char* /*text*/) override {}
+    void AddChild(const std::string& /*name*/, const std::string& /*text*/) override {}
+    void AddChild(const std::string& /*name*/, int /*value*/) override {}
+    void AddChild(const std::string& /*name*/, unsigned long /*value*/) override {}
+    void AddChild(const std::string& /*name*/, bool /*value*/) override {}
+    void AddChildEncoded(const std::string& /*name*/, const std::string& /*text*/) override {}
+    std::string GetValueDecoded() override { return {}; }
+    ZQXML::INodeList* GetChildren() override { return this; }
+    void Initialize(const std::string& /*name*/, const std::string& /*text*/) override {}
+    void Release() override {}
+
+    ZQXML::INode* First() override { return child_; }
+    ZQXML::INode* Next() override { return nullptr; }
+
+ private:
+    int depth_;
+    ChainNode* child_ = nullptr;
+};
+
+TEST(DeepTree, OfAnotherImplementationIsCopied) {
+    RunOnSmallStack([] {
+        std::deque<ChainNode> nodes;
+        for (int depth = 0; depth < kCount; ++depth) {
+            ChainNode& node = nodes.emplace_back(depth);
+            if (depth > 0) {
+                nodes[static_cast<std::size_t>(depth) - 1].SetChild(&node);
+            }
+        }
+        const Tree root = NewNode("n");
+        root->AppendChild(&nodes.front());
+        EXPECT_TRUE(IsChainText(ZQXML::WriteXml(root.get()), kCount + 1U));
+    });
+}
+
+/// Writes a tree of `kCount` children and counts them by way of the list.
+void WriteAndReleaseWide(Tree root) {
+    int count = 0;
+    ZQXML::INodeList* const list = root->GetChildren();
+    for (ZQXML::INode* child = list->First(); child != nullptr; child = list->Next()) {
+        ++count;
+    }
+    EXPECT_EQ(count, kCount);
+    const std::string text = ZQXML::WriteXml(root.get());
+    EXPECT_EQ(text.size(), std::string_view("<root></root>").size() +
+                               kCount * std::string_view("<n>x</n>").size());
+    EXPECT_EQ(text.substr(0, 22), "<root><n>x</n><n>x</n>");
+    EXPECT_EQ(text.substr(text.size() - 15), "<n>x</n></root>");
+}
+
+TEST(WideTree, OfAddedChildren) {
+    RunOnSmallStack([] {
+        Tree root = NewNode("root");
+        for (int index = 0; index < kCount; ++index) {
+            root->AddChild("n", "x");
+        }
+        WriteAndReleaseWide(std::move(root));
+    });
+}
+
+TEST(WideTree, OfAppendedNodes) {
+    RunOnSmallStack([] {
+        Tree root = NewNode("root");
+        for (int index = 0; index < kCount; ++index) {
+            const Tree child = ZQXML::CreateXmlNode();
+            child->Initialize("n", "x");
+            root->AppendChild(child.get());
+        }
+        WriteAndReleaseWide(std::move(root));
+    });
+}
+
+TEST(WideTree, OfDistinctNames) {
+    RunOnSmallStack([] {
+        const Tree root = NewNode("root");
+        for (int index = 0; index < kCount; ++index) {
+            root->AddChild('n' + std::to_string(index), "");
+        }
+        int index = 0;
+        ZQXML::INodeList* const list = root->GetChildren();
+        for (ZQXML::INode* child = list->First(); child != nullptr; child = list->Next()) {
+            ASSERT_EQ(child->GetName(), 'n' + std::to_string(index));
+            ++index;
+        }
+        EXPECT_EQ(index, kCount);
+    });
+}
+
+/// A wide and a deep part: looking for a cycle must not visit the wide one each time.
+TEST(WideTree, AppendedToWhileItGrows) {
+    RunOnSmallStack([] {
+        Tree root = NewNode("root");
+        for (int index = 0; index < kCount; ++index) {
+            root->AddChild("n", "x");
+        }
+        for (int depth = 0; depth < kCount / 2; ++depth) {
+            Tree parent = NewNode("p");
+            parent->AppendChild(root.get());
+            root = std::move(parent);
+        }
+        EXPECT_EQ(root->GetName(), "p");
+    });
+}
+
+}  // namespace
