@@ -1,0 +1,147 @@
+#include <iconv.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "common/QuaveraCommon.h"
+#include "platform/Utf8.h"
+
+// The converter is told that the memory of a wide string is UCS-4LE.
+static_assert(sizeof(wchar_t) == 4, "wide characters have 32 bits");
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__,
+              "wide strings are little-endian in memory");
+
+namespace {
+
+constexpr char kUtf8[] = "UTF-8";
+constexpr char kWide[] = "UCS-4LE";
+constexpr char kCp850[] = "CP850";
+
+constexpr std::size_t kRoomPerUnit = 4;
+
+/// One character-set conversion by the C library.
+class Converter {
+ public:
+    Converter(const char* target, const char* source) : descriptor_(iconv_open(target, source)) {}
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+    ~Converter() {
+        if (IsOpen()) {
+            iconv_close(descriptor_);
+        }
+    }
+
+    /// Converts in a single call and tells whether all of `from` was converted.
+    bool Convert(const void* from, std::size_t fromSize, void* to, std::size_t toSize) {
+        if (!IsOpen()) {
+            return false;
+        }
+        // iconv does not write to its input; its declaration is older than const.
+        char* input = const_cast<char*>(static_cast<const char*>(from));
+        char* output = static_cast<char*>(to);
+        return iconv(descriptor_, &input, &fromSize, &output, &toSize) !=
+               static_cast<std::size_t>(-1);
+    }
+
+ private:
+    bool IsOpen() const {
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv's value for "not opened"
+        return descriptor_ != reinterpret_cast<iconv_t>(-1);
+    }
+
+    iconv_t descriptor_;
+};
+
+template <class String>
+void CutAtZero(String& text) {
+    const std::size_t zero = text.find(typename String::value_type());
+    if (zero != String::npos) {
+        text.resize(zero);
+    }
+}
+
+/// Decodes strict UTF-8 without zero bytes, which nearly all text is, without the converter's cost
+/// of opening. False where the text is anything else: then the converter decides.
+bool DecodeDirectly(std::string_view text, std::wstring* result) {
+    result->resize(text.size());
+    std::size_t size = 0;
+    while (!text.empty()) {
+        const zq::Utf8Character character = zq::FirstCharacter(text);
+        if (character.size == 0 || character.code == 0) {
+            return false;
+        }
+        (*result)[size++] = static_cast<wchar_t>(character.code);
+        text.remove_prefix(character.size);
+    }
+    result->resize(size);
+    return true;
+}
+
+/// Encodes characters up to 10FFFF, without zero and surrogates, as UTF-8; false otherwise.
+bool EncodeDirectly(std::wstring_view text, std::string* result) {
+    result->reserve(text.size());
+    for (const wchar_t character : text) {
+        const auto code = static_cast<char32_t>(character);
+        const auto trail = [code](unsigned shift) {
+            return static_cast<char>(0x80 | ((code >> shift) & 0x3F));
+        };
+        if (code == 0 || code > 0x10FFFF || zq::IsSurrogate(code)) {
+            return false;
+        }
+        if (code < 0x80) {
+            *result += static_cast<char>(code);
+        } else if (code < 0x800) {
+            *result += {static_cast<char>(0xC0 | (code >> 6)), trail(0)};
+        } else if (code < 0x10000) {
+            *result += {static_cast<char>(0xE0 | (code >> 12)), trail(6), trail(0)};
+        } else {
+            *result += {static_cast<char>(0xF0 | (code >> 18)), trail(12), trail(6), trail(0)};
+        }
+    }
+    return true;
+}
+
+std::string ConvertFromWide(const char* codePage, std::wstring_view text) {
+    std::string result(text.size() * kRoomPerUnit, '\0');
+    Converter converter(codePage, kWide);
+    if (converter.Convert(text.data(), text.size() * sizeof(wchar_t), result.data(),
+                          result.size())) {
+        CutAtZero(result);
+    }
+    return result;
+}
+
+}  // namespace
+
+std::wstring convertFromUtf8(std::string text) {
+    std::wstring result;
+    if (DecodeDirectly(text, &result)) {
+        return result;
+    }
+    // The room offered is one character for each byte; the rest of the buffer stays zero.
+    result.assign(text.size() * kRoomPerUnit, L'\0');
+    Converter converter(kWide, kUtf8);
+    if (converter.Convert(text.data(), text.size(), result.data(), text.size() * sizeof(wchar_t))) {
+        CutAtZero(result);
+    }
+    return result;
+}
+
+std::string convertToCodePage(std::string codePage, std::wstring text) {
+    return ConvertFromWide(codePage.c_str(), text);
+}
+
+std::string convertToUtf8(std::wstring text) {
+    std::string result;
+    return EncodeDirectly(text, &result) ? result : ConvertFromWide(kUtf8, text);
+}
+
+std::string convertToCP850(std::wstring text) {
+    return ConvertFromWide(kCp850, text);
+}
+
+std::wstring DecodeAndConvertFromUtf8(std::string text) {
+    return convertFromUtf8(base64DecodeString(std::move(text)));
+}
