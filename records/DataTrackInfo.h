@@ -1,0 +1,48 @@
+#ifndef QUAVERA_RECORDS_DATA_TRACK_INFO_H_
+#define QUAVERA_RECORDS_DATA_TRACK_INFO_H_
+
+#include <string>
+
+#include "platform/zqshared.h"
+#include "records/QuavData.h"
+
+namespace Quavera {
+class Quavera2__LiteTrackMetadata;
+}
+
+/// One track, as the service lists it: the item of an album's, a playlist's and a library's tracks.
+///
+/// Element: "Track". `FromXML` expects that element itself.
+/// Deliberate deviations: there is no writer into a given node; the log text has capital labels,
+/// the album's identifier twice, and neither `genreId` nor `rightFlags`; `rightFlags` is not
+/// initialised; `userData` is read but never written.
+class QUAVERA_API DataTrackInfo : public QuavData {
+ public:
+    /// Reserves room for typical identifiers and display names.
+    DataTrackInfo();
+    DataTrackInfo(const DataTrackInfo&);
+    DataTrackInfo(DataTrackInfo&&) noexcept;
+    DataTrackInfo& operator=(const DataTrackInfo&);
+    DataTrackInfo& operator=(DataTrackInfo&&) noexcept;
+    ~DataTrackInfo() override;
+
+    static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LiteTrackMetadata* soap);
+    void FromXML(ZQXML::INode* node) override;
+    std::string ToString() override;
+
+    std::string albumId;
+    std::string artistId;
+    int discIndex = 0;  // number of the disc that holds the track
+    std::wstring displayAlbumName;
+    std::wstring displayArtistName;
+    std::string genreId;
+    std::wstring name;
+    int playbackSeconds = 0;
+    // The service's rights bits. Without a value until an element or a copy gives it one.
+    int rightFlags;
+    std::string trackId;
+    int trackIndex = 0;    // position of the track on its disc
+    std::string userData;  // free text that a caller puts into the tree
+};
+
+#endif  // QUAVERA_RECORDS_DATA_TRACK_INFO_H_

@@ -1,0 +1,3 @@
+#include "records/QuavData.h"
+
+QuavData::~QuavData() = default;

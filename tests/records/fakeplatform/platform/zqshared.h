@@ -1,0 +1,93 @@
+#ifndef QUAVERA_TESTS_RECORDS_FAKEPLATFORM_PLATFORM_ZQSHARED_H_
+#define QUAVERA_TESTS_RECORDS_FAKEPLATFORM_PLATFORM_ZQSHARED_H_
+
+#include <string>
+#include <utility>
+
+// The least that a platform offers, and nothing else: what the library uses beyond it does not
+// compile against this header. RecordingPlatform.cpp implements it.
+
+namespace zq {
+
+template <class T>
+class auto_com {
+ public:
+    explicit auto_com(T* object) : object_(object) {}
+    auto_com(auto_com&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+    auto_com(const auto_com&) = delete;
+    auto_com& operator=(const auto_com&) = delete;
+    auto_com& operator=(auto_com&&) = delete;
+    ~auto_com() {
+        if (object_ != nullptr) {
+            object_->Release();
+        }
+    }
+
+    T* get() const { return object_; }
+    T* operator->() const { return object_; }
+
+ private:
+    T* object_;
+};
+
+std::string ToString(bool value);
+std::string ToString(int value);
+std::string ToString(unsigned int value);
+std::string ToString(unsigned long value);
+
+class StackTrace {};
+
+void AssertWrite(const char* path, int line, const StackTrace& trace);
+
+}  // namespace zq
+
+namespace ZQXML {
+
+class INode;
+
+class INodeList {
+ public:
+    virtual INode* First() = 0;
+    virtual INode* Next() = 0;
+
+ protected:
+    ~INodeList() = default;
+};
+
+class INode {
+ public:
+    virtual std::string GetName() = 0;
+    virtual std::string GetValue() = 0;
+    virtual int GetValueInt() = 0;
+    virtual INode* FindChild(const std::string& name) = 0;
+    virtual void AppendChild(INode* child) = 0;
+    virtual void AddChild(const std::string& name, const char* text) = 0;
+    virtual void AddChild(const std::string& name, const std::string& text) = 0;
+    virtual void AddChild(const std::string& name, int value) = 0;
+    virtual void AddChild(const std::string& name, unsigned long value) = 0;
+    virtual void AddChild(const std::string& name, bool value) = 0;
+    virtual void AddChildEncoded(const std::string& name, const std::string& text) = 0;
+    virtual std::string GetValueDecoded() = 0;
+    virtual INodeList* GetChildren() = 0;
+    virtual void Initialize(const std::string& name, const std::string& text) = 0;
+    virtual void Release() = 0;
+
+ protected:
+    ~INode() = default;
+};
+
+zq::auto_com<INode> CreateXmlNode();
+
+}  // namespace ZQXML
+
+class Base64Encoder {
+ public:
+    long EncodeGetLength(long length, long mode) const;
+    int Encode(const char* data, long length, char* text, long* textLength, long mode) const;
+    int Decode(const char* text, long length, char* data, long* dataLength) const;
+};
+
+// Not the bundled library's text: the records are to use the platform's, whatever it is.
+inline constexpr char TRUE_STRING[] = "yes";
+
+#endif  // QUAVERA_TESTS_RECORDS_FAKEPLATFORM_PLATFORM_ZQSHARED_H_
