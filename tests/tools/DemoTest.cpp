@@ -1,0 +1,62 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "tests/tools/Files.h"
+#include "tests/tools/Process.h"
+
+namespace {
+
+using tooltest::Outcome;
+using tooltest::RunTool;
+
+/// The two parts of what the demonstration prints: the tree with its line break, and the text.
+struct Parts {
+    std::string tree;
+    std::string text;
+};
+
+Parts Split(const std::string& output) {
+    const std::string root = output.substr(1, output.find_first_of(" />") - 1);
+    const std::string end = "\n</" + root + ">\n";
+    const std::size_t size = output.find(end) + end.size();
+    return {output.substr(0, size), output.substr(std::min(size, output.size()))};
+}
+
+class Demo : public testing::Test {
+ public:
+    Demo() : outcome_(RunTool({"demo"})), parts_(Split(outcome_.output)) {}
+
+ protected:
+    const Outcome outcome_;
+    const Parts parts_;
+};
+
+TEST_F(Demo, Succeeds) {
+    EXPECT_EQ(outcome_.status, 0);
+    EXPECT_EQ(outcome_.errors, "");
+}
+
+TEST_F(Demo, PrintsTreeAndTextOfASample) {
+    int matches = 0;
+    for (const std::string& sample : tooltest::SampleDocuments()) {
+        matches += RunTool({"tree", "--indent", sample}).output == parts_.tree &&
+                           RunTool({"show", sample}).output == parts_.text
+                       ? 1
+                       : 0;
+    }
+    EXPECT_EQ(matches, 1) << outcome_.output;
+}
+
+TEST_F(Demo, TextIsWhatTextMakesOfTheTree) {
+    EXPECT_TRUE(tooltest::Printed(RunTool({"text"}, parts_.tree), parts_.text));
+}
+
+TEST_F(Demo, TextIsReadableBeyondAscii) {
+    EXPECT_TRUE(std::any_of(parts_.text.begin(), parts_.text.end(), [](char character) {
+        return static_cast<unsigned char>(character) >= 0x80;
+    })) << parts_.text;
+}
+
+}  // namespace

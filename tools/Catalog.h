@@ -1,0 +1,40 @@
+#ifndef QUAVERA_TOOLS_CATALOG_H_
+#define QUAVERA_TOOLS_CATALOG_H_
+
+#include <string>
+#include <string_view>
+
+#include "tools/Files.h"
+
+namespace tool {
+
+/// The SOAP responses that the stand-in service answers with: one document for each kind of record
+/// ("album") and identifier. An empty identifier stands for the one named "default".
+class Catalog {
+ public:
+    /// The sample catalogue that is built into the tool.
+    Catalog() = default;
+    /// A folder with files `RECORD/ID.xml`.
+    explicit Catalog(std::string folder) : folder_(std::move(folder)) {}
+
+    /// Finds a document. False with a reason; identifiers that would lead out of the folder are
+    /// as unknown as any other.
+    bool Find(std::string_view record, const std::string& id, std::string* document,
+              Failure* failure) const;
+
+ private:
+    std::string folder_;  // empty: the samples
+};
+
+/// A document of the sample catalogue; see cmake/EmbedCatalog.cmake.
+struct SampleDocument {
+    std::string_view path;  // "album/ID.xml"
+    std::string_view text;
+};
+
+extern const SampleDocument kSampleDocuments[];
+extern const std::size_t kSampleDocumentCount;
+
+}  // namespace tool
+
+#endif  // QUAVERA_TOOLS_CATALOG_H_

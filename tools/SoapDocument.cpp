@@ -1,0 +1,138 @@
+#include "tools/SoapDocument.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+#include "platform/zqshared.h"
+
+namespace tool {
+namespace {
+
+std::string LocalName(ZQXML::INode* element) {
+    const std::string name = element->GetName();
+    return name.substr(name.rfind(':') + 1);
+}
+
+ZQXML::INode* FindLocal(ZQXML::INode* parent, std::string_view name) {
+    ZQXML::INodeList* const children = parent->GetChildren();
+    ZQXML::INode* child = children->First();
+    while (child != nullptr && LocalName(child) != name) {
+        child = children->Next();
+    }
+    return child;
+}
+
+/// What a SOAP fault says: SOAP 1.1 has the text in "faultstring", SOAP 1.2 in "Reason/Text".
+std::string FaultText(ZQXML::INode* fault) {
+    ZQXML::INode* text = FindLocal(fault, "faultstring");
+    if (text == nullptr) {
+        ZQXML::INode* const reason = FindLocal(fault, "Reason");
+        text = reason == nullptr ? nullptr : FindLocal(reason, "Text");
+    }
+    return "the service answered with a fault: " +
+           (text == nullptr ? std::string("no reason given") : text->GetValue());
+}
+
+std::string Utf8(unsigned long code) {
+    const auto tail = [code](unsigned shift) {
+        return static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
+    };
+    if (code < 0x800) {
+        return {static_cast<char>(0xC0U | (code >> 6U)), tail(0)};
+    }
+    if (code < 0x10000) {
+        return {static_cast<char>(0xE0U | (code >> 12U)), tail(6), tail(0)};
+    }
+    return {static_cast<char>(0xF0U | (code >> 18U)), tail(12), tail(6), tail(0)};
+}
+
+/// A numeric character reference, "&#x1F600;", as the character; one of ASCII in its shortest form.
+std::string Resolve(const std::string& reference) {
+    constexpr int kHexadecimal = 16;
+    constexpr int kDecimal = 10;
+    const bool isHexadecimal = reference[2] == 'x';
+    const unsigned long code = std::strtoul(reference.c_str() + (isHexadecimal ? 3 : 2), nullptr,
+                                            isHexadecimal ? kHexadecimal : kDecimal);
+    return code < 0x80 ? "&#" + std::to_string(code) + ";" : Utf8(code);
+}
+
+/// A well-formed document with its numeric character references resolved: gSOAP takes no more than
+/// seven characters of one and reads the rest as text.
+std::string ResolveReferences(const std::string& xml) {
+    struct Piece {
+        std::string_view begin;
+        std::string_view end;
+    };
+    constexpr Piece kPieces[] = {{"&#", ";"}, {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
+    std::string text;
+    std::size_t at = 0;
+    while (at < xml.size()) {
+        const auto* const piece =
+            std::find_if(std::begin(kPieces), std::end(kPieces), [&](const Piece& candidate) {
+                return xml.compare(at, candidate.begin.size(), candidate.begin) == 0;
+            });
+        const std::size_t end =
+            piece == std::end(kPieces) ? at + 1 : xml.find(piece->end, at) + piece->end.size();
+        const std::string found = xml.substr(at, end - at);
+        text += piece == std::begin(kPieces) ? Resolve(found) : found;
+        at = end;
+    }
+    return text;
+}
+
+}  // namespace
+
+bool SoapDocument::Open(std::string text, const std::string& where, Failure* failure) {
+    std::string error;
+    const auto root = ZQXML::ParseXml(text, &error);
+    if (!root) {
+        *failure = {where, error};
+        return false;
+    }
+    ZQXML::INode* record = root.get();
+    if (LocalName(record) == "Envelope") {
+        ZQXML::INode* const body = FindLocal(record, "Body");
+        record = body == nullptr ? nullptr : body->GetChildren()->First();
+    }
+    if (record == nullptr) {
+        *failure = {where, "the SOAP envelope holds no record"};
+        return false;
+    }
+    recordElement_ = LocalName(record);
+    if (recordElement_ == "Fault") {
+        *failure = {where, FaultText(record)};
+        return false;
+    }
+    text_ = ResolveReferences(text);
+    where_ = where;
+    return true;
+}
+
+/// Reads up to the record element; the calls for the envelope's parts do nothing where there is
+/// no envelope.
+bool SoapDocument::EnterRecord(struct soap* soap, std::istream* stream) {
+    soap->is = stream;
+    const bool isReady = soap_begin_recv(soap) == SOAP_OK &&
+                         soap_envelope_begin_in(soap) == SOAP_OK &&
+                         soap_recv_header(soap) == SOAP_OK && soap_body_begin_in(soap) == SOAP_OK;
+    return isReady && soap_peek_element(soap) == SOAP_OK;
+}
+
+std::string SoapDocument::Describe(struct soap* soap) {
+    const std::string element = "element \"" + std::string(soap->tag) + "\": ";
+    switch (soap->error) {
+        case SOAP_TYPE:
+        case SOAP_EMPTY:
+            return element + "a value that does not fit its type";
+        case SOAP_OCCURS:
+            return element + "too many items";
+        default:
+            soap_set_fault(soap);
+            return element + *soap_faultstring(soap);
+    }
+}
+
+}  // namespace tool
