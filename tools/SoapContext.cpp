@@ -5,8 +5,8 @@
 namespace tool {
 
 // UTFSTRING: texts are UTF-8. TREE: no links between elements of a document, which hostile ones
-// could use. IGNORENS: an element is known by its name, whatever prefix a service gives it.
-SoapContext::SoapContext() : soap_(SOAP_C_UTFSTRING | SOAP_XML_TREE | SOAP_XML_IGNORENS) {
+// could use.
+SoapContext::SoapContext() : soap_(SOAP_C_UTFSTRING | SOAP_XML_TREE) {
     // A peer that goes away is an error of that connection, not the end of this process.
     soap_.socket_flags = MSG_NOSIGNAL;
     soap_.connect_timeout = 10;

@@ -118,6 +118,9 @@ bool SoapDocument::EnterRecord(struct soap* soap, std::istream* stream) {
     const bool isReady = soap_begin_recv(soap) == SOAP_OK &&
                          soap_envelope_begin_in(soap) == SOAP_OK &&
                          soap_recv_header(soap) == SOAP_OK && soap_body_begin_in(soap) == SOAP_OK;
+    // A record and its members are known by their names, whatever prefixes a service gives them.
+    // Not so ahead of the record: with this mode gSOAP refuses header entries that it is to skip.
+    soap->mode |= SOAP_XML_IGNORENS;
     return isReady && soap_peek_element(soap) == SOAP_OK;
 }
 

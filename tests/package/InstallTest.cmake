@@ -75,7 +75,7 @@ set(consumer_build "${WORK_DIR}/consumer")
 run("configure the consumer" "${CMAKE_COMMAND}" -S "${CONSUMER_DIR}" -B "${consumer_build}"
     -G "${GENERATOR}" ${where} "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
 run("build the consumer" "${CMAKE_COMMAND}" --build "${consumer_build}" --parallel 2)
-foreach(program IN ITEMS consumer consumer-hidden context context-as-needed)
+foreach(program IN ITEMS consumer consumer-hidden conversion context context-as-needed)
     run("run ${program}" ${emulator} "${consumer_build}/${program}")
 endforeach()
 

@@ -227,6 +227,17 @@ TEST(AddChild, ManyDistinctNamesAreAllKept) {
     }
 }
 
+/// Names that a 32-bit FNV-1a hash, a common choice for tables of names, cannot tell apart.
+TEST(AddChild, NamesOfEqualHashStayApart) {
+    const Tree node = NewNode("costarring");
+    node->AddChild("liquid", 1);
+    node->AddChild("declinate", 2);
+    node->AddChild("macallums", 3);
+    EXPECT_EQ(TreeText(node.get()),
+              R"("costarring"=""("liquid"="1" "declinate"="2" "macallums"="3"))");
+    EXPECT_EQ(node->FindChild("costarring"), nullptr);
+}
+
 TEST(AddChildEncoded, KeepsTheTextAndMarksTheElement) {
     const Tree node = NewNode("parent");
     node->AddChildEncoded("a", "Zm9v");

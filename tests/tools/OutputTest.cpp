@@ -104,6 +104,15 @@ TEST(Output, OfBareRecordElementIsThatOfItsEnvelope) {
     EXPECT_TRUE(Printed(RunTool({"show"}, record), Contents(DataPath(kText))));
 }
 
+TEST(Output, IsTheSameForEveryWayToWriteADocument) {
+    for (const char* const document : {"bare", "cdata", "character-references", "compact",
+                                       "default-namespace", "prefixes", "soap12"}) {
+        EXPECT_TRUE(Printed(RunTool({"show", DataPath(std::string("track/") + document + ".xml")}),
+                            Contents(DataPath(kText))))
+            << document;
+    }
+}
+
 TEST(Output, OfTextReadsIndentedTreesToo) {
     EXPECT_TRUE(
         Printed(RunTool({"text"}, Indented(Contents(DataPath(kTree)))), Contents(DataPath(kText))));
