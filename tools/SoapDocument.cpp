@@ -74,10 +74,14 @@ std::string ResolveReferences(const std::string& xml) {
             std::find_if(std::begin(kPieces), std::end(kPieces), [&](const Piece& candidate) {
                 return xml.compare(at, candidate.begin.size(), candidate.begin) == 0;
             });
-        const std::size_t end =
-            piece == std::end(kPieces) ? at + 1 : xml.find(piece->end, at) + piece->end.size();
-        const std::string found = xml.substr(at, end - at);
-        text += piece == std::begin(kPieces) ? Resolve(found) : found;
+        const std::size_t end = piece == std::end(kPieces)
+                                    ? std::min(xml.find_first_of("&<", at + 1), xml.size())
+                                    : xml.find(piece->end, at) + piece->end.size();
+        if (piece == std::begin(kPieces)) {
+            text += Resolve(xml.substr(at, end - at));
+        } else {
+            text.append(xml, at, end - at);
+        }
         at = end;
     }
     return text;

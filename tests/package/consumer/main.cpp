@@ -1,11 +1,13 @@
 // A track's way through the library, outside of its source tree.
 
 #include <cstdio>
+#include <sstream>
 #include <string>
 
 #include "common/QuaveraCommon.h"
 #include "platform/zqshared.h"
 #include "records/DataTrackInfo.h"
+#include "soap/QuaveraH.h"
 #include "soap/QuaveraStub.h"
 
 namespace {
@@ -19,22 +21,42 @@ void Check(bool isTrue, const char* what) {
     }
 }
 
-/// The track's tree, as text.
-std::string Send() {
-    Quavera::Quavera2__LiteTrackMetadata soap;
+/// The SOAP text of a track that is made by hand.
+std::string WriteSoap() {
+    Quavera::Quavera2__LiteTrackMetadata record;
     std::string name = "Straße 夜";
     std::string trackId = "Tra.1";
     int trackIndex = 7;
-    soap.name = &name;
-    soap.trackId = &trackId;
-    soap.trackIndex = &trackIndex;
-    return ZQXML::WriteXml(DataTrackInfo::ToXML(&soap).get());
+    record.name = &name;
+    record.trackId = &trackId;
+    record.trackIndex = &trackIndex;
+
+    std::ostringstream text;
+    struct soap context(SOAP_C_UTFSTRING);
+    context.os = &text;
+    Check(Quavera::soap_write_Quavera2__LiteTrackMetadata(&context, &record) == SOAP_OK,
+          "gSOAP writes the record");
+    return text.str();
+}
+
+/// The tree, as text, of a track that gSOAP reads.
+std::string Send(const std::string& soapText) {
+    std::istringstream text(soapText);
+    struct soap context(SOAP_C_UTFSTRING);
+    context.is = &text;
+    Quavera::Quavera2__LiteTrackMetadata record;
+    Check(Quavera::soap_read_Quavera2__LiteTrackMetadata(&context, &record) == SOAP_OK,
+          "gSOAP reads the record");
+    const std::string tree = ZQXML::WriteXml(DataTrackInfo::ToXML(&record).get());
+    soap_destroy(&context);
+    soap_end(&context);
+    return tree;
 }
 
 }  // namespace
 
 int main() {
-    const std::string text = Send();
+    const std::string text = Send(WriteSoap());
     Check(text ==
               "<Track><Name encoding=\"base64\">U3RyYcOfZSDlpJw=</Name>"
               "<TrackId>Tra.1</TrackId><TrackIndex>7</TrackIndex></Track>",
