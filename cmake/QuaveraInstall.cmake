@@ -20,7 +20,9 @@ install(FILES
     platform/zqshared.h
     DESTINATION ${quavera_header_dir}/platform)
 install(FILES common/Export.h common/QuaveraCommon.h DESTINATION ${quavera_header_dir}/common)
-install(FILES records/QuavData.h records/DataTrackInfo.h DESTINATION ${quavera_header_dir}/records)
+# One header for each record class; the verbs that the records are written with stay inside.
+file(GLOB quavera_record_headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/records/*Dat*.h")
+install(FILES ${quavera_record_headers} DESTINATION ${quavera_header_dir}/records)
 
 install(EXPORT QuaveraTargets NAMESPACE Quavera:: DESTINATION ${quavera_package_dir})
 configure_package_config_file(packaging/QuaveraConfig.cmake.in QuaveraConfig.cmake

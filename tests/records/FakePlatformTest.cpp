@@ -6,41 +6,10 @@
 #include <string>
 
 #include "records/DataTrackInfo.h"
-#include "tests/records/RecordingPlatform.h"
+#include "tests/records/RecordedCalls.h"
 #include "tests/records/SampleTrack.h"
-#include "tests/records/Values.h"
-#include "tests/support/AllocationFailure.h"
 
 namespace {
-
-/// The calls that writing a sample makes, the release of the tree included.
-template <class Record, class Sample>
-std::string CallsOfWriting() {
-    Values values;
-    typename Sample::Soap soap;
-    Sample::Fill(soap, values);
-    RecordingPlatform::TakeCalls();
-    Record::ToXML(&soap);
-    EXPECT_EQ(RecordingPlatform::LiveNodes(), 0);
-    return RecordingPlatform::TakeCalls();
-}
-
-/// Lets every allocation of writing and reading a sample fail in turn: no node may stay behind.
-template <class Record, class Sample>
-void ExpectNoNodeLost() {
-    Values values;
-    typename Sample::Soap soap;
-    Sample::Fill(soap, values);
-    EXPECT_TRUE(allocation::Sweep(1, [&soap](allocation::Attempt& attempt) {
-        attempt.RunTolerantly([&soap] {
-            const auto node = Record::ToXML(&soap);
-            Record record;
-            record.FromXML(node.get());
-        });
-        EXPECT_EQ(RecordingPlatform::LiveNodes(), 0);
-        RecordingPlatform::TakeCalls();
-    }));
-}
 
 TEST(FakePlatform, TrackIsWrittenByTheseCalls) {
     EXPECT_EQ((CallsOfWriting<DataTrackInfo, SampleTrack>()),

@@ -21,6 +21,14 @@ class Values {
         return pointer;
     }
 
+    /// The SOAP record that a sample fills.
+    template <class Sample>
+    typename Sample::Soap* Filled() {
+        auto* const soap = Of(typename Sample::Soap());
+        Sample::Fill(*soap, *this);
+        return soap;
+    }
+
     /// A wrapper record of these items: `values.List<Quavera2__ArrayOfString>({"a", "b"})`.
     template <class Wrapper>
     Wrapper* List(

@@ -1,0 +1,48 @@
+#include "records/DataAlbum.h"
+
+#include "records/Fields.h"
+#include "soap/QuaveraStub.h"
+
+DataAlbum::DataAlbum() = default;
+DataAlbum::~DataAlbum() = default;
+
+zq::auto_com<ZQXML::INode> DataAlbum::ToXML(Quavera::Quavera2__AlbumMetadata* soap) {
+    auto node = DataAlbumLite::ToXML(soap);
+    ElementWriter out(node.get());
+    out.Plain("AlbumArt70x70Url", soap->albumArt70x70Url);
+    out.Plain("Copyright", soap->copyright);
+    out.Plain("Label", soap->label);
+    out.Each("NonDisplayableAlbumTypes", soap->nonDisplayableAlbumTypes);
+    out.Nested<DataArtistLite>(soap->primaryArtist);
+    out.Records<DataTrackInfo>("Tracks", soap->tracks);
+    out.Plain("Upccode", soap->upccode);
+    return node;
+}
+
+void DataAlbum::FromXML(ZQXML::INode* node) {
+    for (ChildReader album(node); album.Next("Album");) {
+        DataAlbumLite::FromXML(album.Child());
+        for (ChildReader child(album.Child()); child.Next();) {
+            child.Plain("AlbumArt70x70Url", albumArt70x70Url);
+            child.Plain("Copyright", copyright);
+            child.Plain("Label", label);
+            child.Each("NonDisplayableAlbumTypes", nonDisplayableAlbumTypes);
+            child.Nested("Artist", primaryArtist);
+            child.Records("Tracks", tracks);
+            child.Plain("Upccode", upccode);
+        }
+    }
+}
+
+std::string DataAlbum::ToString() {
+    TextLines lines;
+    lines.Plain("AlbumArt70x70Url", albumArt70x70Url);
+    lines.Plain("copyright", copyright);
+    lines.Plain("label", label);
+    lines.Unbroken("nonDisplayableAlbumTypes ", nonDisplayableAlbumTypes);
+    lines.Plain("primaryArtist", primaryArtist.ToString());
+    lines.Records("Track ", tracks);
+    lines.Plain("upccode", upccode);
+    lines.Text(DataAlbumLite::ToString());
+    return lines.Take();
+}

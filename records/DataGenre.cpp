@@ -1,0 +1,57 @@
+#include "records/DataGenre.h"
+
+#include "records/Fields.h"
+#include "soap/QuaveraStub.h"
+
+DataGenre::DataGenre() = default;
+DataGenre::~DataGenre() = default;
+
+zq::auto_com<ZQXML::INode> DataGenre::ToXML(Quavera::Quavera2__GenreMetadata* soap) {
+    auto node = NewElement("Genre");
+    ElementWriter out(node.get());
+    out.Display("Abbreviation", soap->abbreviation);
+    out.Display("DisplayName", soap->displayName);
+    out.Plain("GenreId", soap->genreId);
+    out.Display("Name", soap->name);
+    out.NumberUnlessZero("SubGenreCount", soap->subGenreCount);
+    out.RecordsAlways<DataGenreLite>("ChildGenres", soap->childGenres);
+    out.Display("Description", soap->description);
+    if (soap->primaryParentGenre != nullptr) {
+        out.Plain("PrimaryParentGenreId", soap->primaryParentGenre->genreId);
+        // Depends on the primary parent, not only on the list: receivers know it so.
+        if (soap->parentGenres != nullptr && soap->parentGenres->count > 0) {
+            const std::string count = zq::ToString(soap->parentGenres->count);
+            out.String("ParentGenreCount", &count);
+        }
+    }
+    out.RecordsAlways<DataGenreLite>("ParentGenres", soap->parentGenres);
+    return node;
+}
+
+void DataGenre::FromXML(ZQXML::INode* node) {
+    for (ChildReader child(node); child.Next();) {
+        child.Display("Abbreviation", abbreviation);
+        child.Display("DisplayName", displayName);
+        child.Display("Name", name);
+        child.Display("Description", description);
+        child.Plain("GenreId", genreId);
+        child.Plain("PrimaryParentGenreId", primaryParentGenreId);
+        child.Number("SubGenreCount", subGenreCount);
+        child.RecordsNamed("ChildGenres", "GenreLite", childGenres);
+        child.RecordsNamed("ParentGenres", "GenreLite", parentGenres);
+    }
+}
+
+std::string DataGenre::ToString() {
+    TextLines lines;
+    lines.Display("abbreviation", abbreviation);
+    lines.Display("displayName", displayName);
+    lines.Plain("genreId", genreId);
+    lines.Display("name", name);
+    lines.Number("subGenreCount", subGenreCount);
+    lines.Number("parentGenreCount", parentGenreCount);
+    lines.Records("childGenres ", childGenres);
+    lines.Records("parentGenres ", parentGenres);
+    lines.Plain("primaryParentGenreId", primaryParentGenreId);
+    return lines.Take();
+}

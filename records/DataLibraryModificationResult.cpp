@@ -1,0 +1,38 @@
+#include "records/DataLibraryModificationResult.h"
+
+#include "records/Fields.h"
+#include "soap/QuaveraStub.h"
+
+DataLibraryModificationResult::DataLibraryModificationResult() = default;
+DataLibraryModificationResult::~DataLibraryModificationResult() = default;
+
+void DataLibraryModificationResult::ToXML(ZQXML::INode* node,
+                                          Quavera::Quavera2__LibraryModificationResult* soap) {
+    ElementWriter out(node);
+    if (soap->values != nullptr) {
+        out.Number("SubCount", &soap->values->count);
+        out.Each("Value", soap->values);
+    }
+    out.Unsigned("LibraryLastDateModified", soap->libraryLastDateModified);
+}
+
+zq::auto_com<ZQXML::INode> DataLibraryModificationResult::ToXML(
+    Quavera::Quavera2__LibraryModificationResult* soap) {
+    return FilledElement<DataLibraryModificationResult>("LibraryModification", soap);
+}
+
+void DataLibraryModificationResult::FromXML(ZQXML::INode* node) {
+    for (ChildReader child(node); child.Next();) {
+        if (child.Takes("Value")) {
+            ids.push_back(child.Child()->GetValueDecoded());
+        }
+        child.Unsigned("LibraryLastDateModified", libraryLastDateModified);
+    }
+}
+
+std::string DataLibraryModificationResult::ToString() {
+    TextLines lines;
+    lines.Unsigned("libraryLastDateModified", libraryLastDateModified);
+    lines.Each("id", ids);
+    return lines.Take();
+}

@@ -1,0 +1,37 @@
+#ifndef QUAVERA_RECORDS_DATA_LIBRARY_MODIFICATION_RESULT_H_
+#define QUAVERA_RECORDS_DATA_LIBRARY_MODIFICATION_RESULT_H_
+
+#include <string>
+#include <vector>
+
+#include "platform/zqshared.h"
+#include "records/QuavData.h"
+
+namespace Quavera {
+class Quavera2__LibraryModificationResult;
+}
+
+/// The answer to a change of a member's library: what it touched, and the library's new stamp.
+///
+/// Element: "LibraryModification". `FromXML` expects that element itself.
+/// Deliberate deviations: "SubCount" is always written beside a list, zero included, and never
+/// read; the values stand directly in the element.
+class QUAVERA_API DataLibraryModificationResult : public QuavData {
+ public:
+    DataLibraryModificationResult();
+    DataLibraryModificationResult(const DataLibraryModificationResult&) = default;
+    DataLibraryModificationResult(DataLibraryModificationResult&&) = default;
+    DataLibraryModificationResult& operator=(const DataLibraryModificationResult&) = default;
+    DataLibraryModificationResult& operator=(DataLibraryModificationResult&&) = default;
+    ~DataLibraryModificationResult() override;
+
+    static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LibraryModificationResult* soap);
+    static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LibraryModificationResult* soap);
+    void FromXML(ZQXML::INode* node) override;
+    std::string ToString() override;
+
+    std::vector<std::string> ids;
+    unsigned long libraryLastDateModified = 0;  // the service's stamp, 32 bits
+};
+
+#endif  // QUAVERA_RECORDS_DATA_LIBRARY_MODIFICATION_RESULT_H_

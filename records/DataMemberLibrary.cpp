@@ -1,0 +1,37 @@
+#include "records/DataMemberLibrary.h"
+
+#include "records/Fields.h"
+#include "soap/QuaveraStub.h"
+
+DataMemberLibrary::DataMemberLibrary() = default;
+DataMemberLibrary::~DataMemberLibrary() = default;
+
+zq::auto_com<ZQXML::INode> DataMemberLibrary::ToXML(Quavera::Quavera2__MemberLibrary* soap) {
+    auto node = NewElement("MemberLibrary");
+    DataMemberLibraryLite::ToXML(node.get(), soap);
+    ElementWriter out(node.get());
+    out.Records<DataTrackInfo>("Tracks", soap->tracks);
+    out.Records<DataPlaylistLite>("Playlists", soap->playlists);
+    out.Records<DataStationLite>("Stations", soap->stations);
+    return node;
+}
+
+void DataMemberLibrary::FromXML(ZQXML::INode* node) {
+    for (ChildReader library(node); library.Next("MemberLibrary");) {
+        DataMemberLibraryLite::FromXML(library.Child());
+        for (ChildReader child(library.Child()); child.Next();) {
+            child.Records("Tracks", tracks);
+            child.Records("Playlists", playlists);
+            child.Records("Stations", stations);
+        }
+    }
+}
+
+std::string DataMemberLibrary::ToString() {
+    TextLines lines;
+    lines.Records("Track ", tracks);
+    lines.Records("Playlist ", playlists);
+    lines.Records("Station ", stations);
+    lines.Text(DataMemberLibraryLite::ToString());
+    return lines.Take();
+}

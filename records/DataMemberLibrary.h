@@ -1,0 +1,41 @@
+#ifndef QUAVERA_RECORDS_DATA_MEMBER_LIBRARY_H_
+#define QUAVERA_RECORDS_DATA_MEMBER_LIBRARY_H_
+
+#include <string>
+#include <vector>
+
+#include "platform/zqshared.h"
+#include "records/DataMemberLibraryLite.h"
+#include "records/DataPlaylistLite.h"
+#include "records/DataStationLite.h"
+#include "records/DataTrackInfo.h"
+
+namespace Quavera {
+class Quavera2__MemberLibrary;
+}
+
+/// A member's library: the header with tracks, playlists and stations.
+///
+/// Element: "MemberLibrary". `FromXML` expects the *parent* of that element, and merges every
+/// "MemberLibrary" in it.
+/// Deliberate deviations: the lists are written as tracks, playlists, stations, which is not the
+/// SOAP record's order; in the log text they come first, without line breaks of their own.
+class QUAVERA_API DataMemberLibrary : public DataMemberLibraryLite {
+ public:
+    DataMemberLibrary();
+    DataMemberLibrary(const DataMemberLibrary&) = default;
+    DataMemberLibrary(DataMemberLibrary&&) = default;
+    DataMemberLibrary& operator=(const DataMemberLibrary&) = default;
+    DataMemberLibrary& operator=(DataMemberLibrary&&) = default;
+    ~DataMemberLibrary() override;
+
+    static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__MemberLibrary* soap);
+    void FromXML(ZQXML::INode* node) override;
+    std::string ToString() override;
+
+    std::vector<DataPlaylistLite> playlists;
+    std::vector<DataStationLite> stations;
+    std::vector<DataTrackInfo> tracks;
+};
+
+#endif  // QUAVERA_RECORDS_DATA_MEMBER_LIBRARY_H_

@@ -1,0 +1,28 @@
+#include "records/DataPlaylist.h"
+
+#include "records/Fields.h"
+#include "soap/QuaveraStub.h"
+
+DataPlaylist::DataPlaylist() = default;
+DataPlaylist::~DataPlaylist() = default;
+
+zq::auto_com<ZQXML::INode> DataPlaylist::ToXML(Quavera::Quavera2__PlaylistMetadata* soap) {
+    auto node = DataPlaylistLite::ToXML(soap);
+    ElementWriter out(node.get());
+    out.Records<DataTrackInfo>("Tracks", soap->tracks);
+    return node;
+}
+
+void DataPlaylist::FromXML(ZQXML::INode* node) {
+    DataPlaylistLite::FromXML(node);
+    for (ChildReader child(node); child.Next();) {
+        child.Records("Tracks", tracks);
+    }
+}
+
+std::string DataPlaylist::ToString() {
+    TextLines lines;
+    lines.Records("Track ", tracks);
+    lines.Text(DataPlaylistLite::ToString());
+    return lines.Take();
+}

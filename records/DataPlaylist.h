@@ -1,0 +1,35 @@
+#ifndef QUAVERA_RECORDS_DATA_PLAYLIST_H_
+#define QUAVERA_RECORDS_DATA_PLAYLIST_H_
+
+#include <string>
+#include <vector>
+
+#include "platform/zqshared.h"
+#include "records/DataPlaylistLite.h"
+#include "records/DataTrackInfo.h"
+
+namespace Quavera {
+class Quavera2__PlaylistMetadata;
+}
+
+/// The full playlist: the summary with the tracks.
+///
+/// Element: "Playlist". `FromXML` expects that element itself.
+/// Deliberate deviation: in the log text the tracks come first, without line breaks of their own.
+class QUAVERA_API DataPlaylist : public DataPlaylistLite {
+ public:
+    DataPlaylist();
+    DataPlaylist(const DataPlaylist&) = default;
+    DataPlaylist(DataPlaylist&&) = default;
+    DataPlaylist& operator=(const DataPlaylist&) = default;
+    DataPlaylist& operator=(DataPlaylist&&) = default;
+    ~DataPlaylist() override;
+
+    static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__PlaylistMetadata* soap);
+    void FromXML(ZQXML::INode* node) override;
+    std::string ToString() override;
+
+    std::vector<DataTrackInfo> tracks;
+};
+
+#endif  // QUAVERA_RECORDS_DATA_PLAYLIST_H_

@@ -1,0 +1,31 @@
+#ifndef QUAVERA_RECORDS_DATA_STATION_H_
+#define QUAVERA_RECORDS_DATA_STATION_H_
+
+#include <string>
+
+#include "platform/zqshared.h"
+#include "records/DataStationLite.h"
+
+namespace Quavera {
+class Quavera2__StationMetadata;
+}
+
+/// A station as a result of its own: the summary's fields, elements and text.
+///
+/// Element: "Station". `FromXML` expects that element, or a parent, in which it merges every
+/// "Station".
+class QUAVERA_API DataStation : public DataStationLite {
+ public:
+    DataStation();
+    DataStation(const DataStation&) = default;
+    DataStation(DataStation&&) = default;
+    DataStation& operator=(const DataStation&) = default;
+    DataStation& operator=(DataStation&&) = default;
+    ~DataStation() override;
+
+    static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__StationMetadata* soap);
+    void FromXML(ZQXML::INode* node) override;
+    std::string ToString() override;
+};
+
+#endif  // QUAVERA_RECORDS_DATA_STATION_H_

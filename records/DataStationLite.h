@@ -1,0 +1,40 @@
+#ifndef QUAVERA_RECORDS_DATA_STATION_LITE_H_
+#define QUAVERA_RECORDS_DATA_STATION_LITE_H_
+
+#include <cstdint>
+#include <string>
+
+#include "platform/zqshared.h"
+#include "records/QuavData.h"
+
+namespace Quavera {
+class Quavera2__LiteStationMetadata;
+}
+
+/// A station's summary, as artists and member libraries carry it.
+///
+/// Element: "Station". `FromXML` expects that element itself.
+/// Deliberate deviations: the flag, first in the SOAP record, is written last, and only if it is
+/// true.
+class QUAVERA_API DataStationLite : public QuavData {
+ public:
+    DataStationLite();
+    DataStationLite(const DataStationLite&) = default;
+    DataStationLite(DataStationLite&&) = default;
+    DataStationLite& operator=(const DataStationLite&) = default;
+    DataStationLite& operator=(DataStationLite&&) = default;
+    ~DataStationLite() override;
+
+    static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteStationMetadata* soap);
+    static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LiteStationMetadata* soap);
+    void FromXML(ZQXML::INode* node) override;
+    std::string ToString() override;
+
+    std::wstring name;
+    std::uint64_t reserved64;  // carried by copies only, and without a value until then
+    std::string stationId;
+    std::string type;
+    bool freeStation = false;  // can be played free of charge
+};
+
+#endif  // QUAVERA_RECORDS_DATA_STATION_LITE_H_
