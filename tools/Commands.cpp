@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 #include <utility>
+#include <vector>
 
 #include "tools/StandIn.h"
 
@@ -29,6 +30,39 @@ bool IsFolder(const std::string& path, Failure* failure) {
     return true;
 }
 
+/// One tree as an element tree, or as log text by way of the tree's text form.
+Output PrintTree(const RecordClass& record, ZQXML::INode* tree, const std::string& where, Form form,
+                 Failure* failure) {
+    const std::string xml = ZQXML::WriteXml(tree, form == Form::kIndentedTree);
+    return form == Form::kText ? PrintText(xml, where, &record, failure) : xml + "\n";
+}
+
+/// The records of a list answer, one after the other.
+Output PrintList(const std::string& soap, const std::string& where, const RecordClass& record,
+                 Form form, Failure* failure) {
+    SoapDocument document;
+    std::vector<Tree> trees;
+    if (!document.Open(soap, where, failure)) {
+        return std::nullopt;
+    }
+    if (document.RecordElement() != record.listElement) {
+        *failure = WrongElement(where, document.RecordElement(), "the list", record.listElement);
+        return std::nullopt;
+    }
+    if (!record.toTrees(document, &trees, failure)) {
+        return std::nullopt;
+    }
+    std::string all;
+    for (const Tree& tree : trees) {
+        const Output one = PrintTree(record, tree.get(), where, form, failure);
+        if (!one) {
+            return std::nullopt;
+        }
+        all += *one;
+    }
+    return all;
+}
+
 }  // namespace
 
 Output PrintSoap(const std::string& soap, const std::string& where, const RecordClass* chosen,
@@ -40,11 +74,7 @@ Output PrintSoap(const std::string& soap, const std::string& where, const Record
     const RecordClass* const record =
         ClassOfSoapElement(document.RecordElement(), chosen, where, failure);
     const Tree tree = record == nullptr ? nullptr : record->toTree(document, failure);
-    if (!tree) {
-        return std::nullopt;
-    }
-    const std::string xml = ZQXML::WriteXml(tree.get(), form == Form::kIndentedTree);
-    return form == Form::kText ? PrintText(xml, where, record, failure) : xml + "\n";
+    return tree ? PrintTree(*record, tree.get(), where, form, failure) : std::nullopt;
 }
 
 Output PrintText(const std::string& xml, const std::string& where, const RecordClass* chosen,
@@ -68,7 +98,9 @@ Output Fetch(const Operation& operation, const std::string& endpoint, const std:
     if (!Ask(operation, endpoint, id, &answer, failure)) {
         return std::nullopt;
     }
-    return PrintSoap(answer, endpoint, FindRecordClass(operation.recordClass), form, failure);
+    const RecordClass& record = *FindRecordClass(operation.recordClass);
+    return record.listElement.empty() ? PrintSoap(answer, endpoint, &record, form, failure)
+                                      : PrintList(answer, endpoint, record, form, failure);
 }
 
 bool Serve(const std::string& host, int port, const std::string& folder, Failure* failure) {

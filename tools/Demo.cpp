@@ -17,8 +17,8 @@
 namespace tool {
 namespace {
 
-constexpr char kRecord[] = "track";
-constexpr char kId[] = "Tra.40013102";
+constexpr char kRecord[] = "album";
+constexpr char kId[] = "Alb.40013100";
 
 struct CloseStream {
     void operator()(std::FILE* stream) const { std::fclose(stream); }

@@ -22,6 +22,11 @@ struct RecordClass {
     Tree (*toTree)(const SoapDocument& document, Failure* failure);
     /// The log text of the record whose element is `element`.
     std::string (*toText)(Tree element);
+
+    // For records that the service answers with as a list.
+    std::string_view listElement;  // "Images"; empty for other records
+    /// The trees of a list's records. False with a reason where it cannot be decoded.
+    bool (*toTrees)(const SoapDocument& document, std::vector<Tree>* trees, Failure* failure);
 };
 
 /// All record classes. Where two write an element of the same name, the full class stands first.
@@ -36,6 +41,10 @@ const RecordClass* ClassOfSoapElement(std::string_view element, const RecordClas
                                       const std::string& where, Failure* failure);
 const RecordClass* ClassOfTreeElement(std::string_view element, const RecordClass* chosen,
                                       const std::string& where, Failure* failure);
+
+/// The failure of an element that is not the one that `maker` is made of.
+Failure WrongElement(const std::string& where, std::string_view element, std::string_view maker,
+                     std::string_view expected);
 
 }  // namespace tool
 

@@ -5,6 +5,18 @@ namespace tool {
 const std::vector<Operation>& Operations() {
     static const std::vector<Operation> operations = {
         {"track", "DataTrackInfo", Quavera::soap_send_Quavera2__getTrack},
+        {"album", "DataAlbum", Quavera::soap_send_Quavera2__getAlbum},
+        {"artist", "DataArtist", Quavera::soap_send_Quavera2__getArtist},
+        {"genre", "DataGenre", Quavera::soap_send_Quavera2__getGenre},
+        {"playlist", "DataPlaylist", Quavera::soap_send_Quavera2__getPlaylist},
+        {"station", "DataStation", Quavera::soap_send_Quavera2__getStation},
+        {"library", "DataMemberLibrary", Quavera::soap_send_Quavera2__getLibrary},
+        {"account", "DataAccountProperties", Quavera::soap_send_Quavera2__getAccount},
+        {"review", "DataAlbumReview", Quavera::soap_send_Quavera2__getReview},
+        {"images", "DataImage", Quavera::soap_send_Quavera2__getImages},
+        {"index", "DataIndex", Quavera::soap_send_Quavera2__getIndex},
+        {"modification", "DataLibraryModificationResult",
+         Quavera::soap_send_Quavera2__getModification},
     };
     return operations;
 }

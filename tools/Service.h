@@ -17,7 +17,7 @@ struct Operation {
     int (*send)(struct soap* soap, const char* endpoint, const char* action, const std::string& id);
 };
 
-/// All operations whose answers the tool can show.
+/// All operations of the service.
 const std::vector<Operation>& Operations();
 
 /// The operation of that name; null when there is none.

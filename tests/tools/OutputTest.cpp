@@ -95,6 +95,44 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Show", {"show"}, kSoap, Contents(DataPath(kText))}),
     TestName);
 
+struct RecordDocuments {
+    const char* recordClass;
+    const char* folder;
+};
+
+class OutputOfEveryClass : public testing::TestWithParam<RecordDocuments> {};
+
+TEST_P(OutputOfEveryClass, IsTheRecordsTreeAndText) {
+    const std::string folder = DataPath(std::string(GetParam().folder));
+    const std::string soap = folder + "/full.xml";
+    const std::string text = Contents(folder + "/full.txt");
+    const std::string tree = Contents(folder + "/full.tree.xml");
+    const Arguments named = {"--record", GetParam().recordClass};
+    EXPECT_TRUE(Printed(RunTool({"show", named[0], named[1], soap}), text));
+    EXPECT_TRUE(Printed(RunTool({"tree", named[0], named[1], soap}), tree + "\n"));
+    EXPECT_TRUE(Printed(RunTool({"text", named[0], named[1]}, tree + "\n"), text));
+    EXPECT_TRUE(Printed(RunTool({"show", soap}), text)) << "found by its element";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, OutputOfEveryClass,
+    testing::Values(
+        RecordDocuments{"DataAccountProperties", "account"}, RecordDocuments{"DataAlbum", "album"},
+        RecordDocuments{"DataAlbumLite", "album-lite"},
+        RecordDocuments{"DataAlbumReview", "review"}, RecordDocuments{"DataArtist", "artist"},
+        RecordDocuments{"DataArtistLite", "artist-lite"}, RecordDocuments{"DataGenre", "genre"},
+        RecordDocuments{"DataGenreLite", "genre-lite"}, RecordDocuments{"DataImage", "image"},
+        RecordDocuments{"DataIndex", "index"},
+        RecordDocuments{"DataLibraryModificationResult", "modification"},
+        RecordDocuments{"DataMemberLibrary", "library"},
+        RecordDocuments{"DataMemberLibraryLite", "library-lite"},
+        RecordDocuments{"DataPlaylist", "playlist"},
+        RecordDocuments{"DataPlaylistLite", "playlist-lite"},
+        RecordDocuments{"DataStation", "station"},
+        RecordDocuments{"DataStationLite", "station-lite"},
+        RecordDocuments{"DataTrackInfo", "track"}),
+    [](const testing::TestParamInfo<RecordDocuments>& one) { return one.param.recordClass; });
+
 TEST(Output, OfBareRecordElementIsThatOfItsEnvelope) {
     const std::string soap = Contents(DataPath(kSoap));
     const std::string name = "Quavera2:LiteTrackMetadata";
