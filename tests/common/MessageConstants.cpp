@@ -1,0 +1,5 @@
+#include "tests/common/MessageConstants.h"
+
+Constants ConstantsElsewhere() {
+    return OwnConstants();
+}
