@@ -2,6 +2,8 @@
 
 #include <sys/socket.h>
 
+#include "common/QuaveraCommon.h"
+
 namespace tool {
 
 // UTFSTRING: texts are UTF-8. TREE: no links between elements of a document, which hostile ones
@@ -9,9 +11,7 @@ namespace tool {
 SoapContext::SoapContext() : soap_(SOAP_C_UTFSTRING | SOAP_XML_TREE) {
     // A peer that goes away is an error of that connection, not the end of this process.
     soap_.socket_flags = MSG_NOSIGNAL;
-    soap_.connect_timeout = 10;
-    soap_.send_timeout = 5;
-    soap_.recv_timeout = 35;
+    SetSoapTimeouts(&soap_);
 }
 
 SoapContext::~SoapContext() {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/QuaveraCommon.h"
 #include "tools/Commands.h"
 
 namespace {
@@ -30,6 +31,9 @@ struct Options {
     std::string host = "127.0.0.1";
     int port = 8080;
     std::string catalog;
+    int code = 0;
+    std::string branding;
+    std::string country;
 };
 
 template <class Entries, class Name>
@@ -113,6 +117,15 @@ int Fetch(const Options& options) {
                  &failure);
 }
 
+/// Prints a result code's message; without branding and country that of the first branding.
+int PrintError(const Options& options) {
+    tool::Failure failure;
+    const QuaveraBranding branding = options.branding.empty()
+                                         ? GetQuaveraBranding(options.country)
+                                         : QuaveraBrandingFromString(options.branding);
+    return Print(QuavErrorToString(options.code, branding) + "\n", &failure);
+}
+
 int Run(int argc, char** argv) {
     Options options;
     CLI::App app("Reads, shows, fetches and serves the records of the music service.", "quavera");
@@ -150,6 +163,18 @@ int Run(int argc, char** argv) {
     serve->add_option("--catalog", options.catalog, "Folder of SOAP responses, RECORD/ID.xml")
         ->type_name("DIR");
 
+    CLI::App* const message = app.add_subcommand("error", "Print the message of a result code");
+    message->add_option("code", options.code, "The code, negative ones as they stand")
+        ->type_name("CODE")
+        ->required();
+    CLI::Option* const branding =
+        message->add_option("--branding", options.branding, "Quavera (default) or Ostinex")
+            ->check(CLI::IsMember({kBrandingNameQuavera, kBrandingNameOstinex}, CLI::ignore_case))
+            ->type_name("NAME");
+    message->add_option("--country", options.country, "The branding of a country, by its code")
+        ->type_name("CC")
+        ->excludes(branding);
+
     app.add_subcommand("demo", "Show a record's whole way on this machine");
 
     try {
@@ -170,6 +195,9 @@ int Run(int argc, char** argv) {
     }
     if (*fetch) {
         return Fetch(options);
+    }
+    if (*message) {
+        return PrintError(options);
     }
     if (*serve) {
         return tool::Serve(options.host, options.port, options.catalog, &failure) ? 0

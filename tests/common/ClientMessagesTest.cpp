@@ -110,10 +110,11 @@ TYPED_TEST(AnyReply, HoldsItsImage) {
     EXPECT_EQ(copy.ToBuffer(), copy.wireBytes);
 }
 
+static_assert(std::is_same_v<decltype(QuavClientResponse::wireBytes), unsigned char[6]>);
+
 TYPED_TEST(AnyReply, HasTheRootsFieldsInOrder) {
     static_assert(std::is_same_v<decltype(TypeParam::value), std::uint32_t>);
     static_assert(std::is_same_v<decltype(TypeParam::tag), std::uint16_t>);
-    static_assert(std::is_same_v<decltype(QuavClientResponse::wireBytes), unsigned char[6]>);
     const TypeParam reply;
     EXPECT_LT(OffsetIn(reply, &reply.value), OffsetIn(reply, &reply.tag));
     EXPECT_LT(OffsetIn(reply, &reply.tag), OffsetIn(reply, &Root(reply).wireBytes));

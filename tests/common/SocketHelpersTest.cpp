@@ -33,6 +33,7 @@ SleepCalls* sleepCalls = nullptr;
 }  // namespace
 
 /// Stands in front of the C library's, for the library under test too.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): theirs is reserved
 extern "C" int usleep(useconds_t microseconds) {
     if (sleepCalls != nullptr) {
         sleepCalls->microseconds.push_back(microseconds);
