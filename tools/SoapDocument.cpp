@@ -59,32 +59,59 @@ std::string Resolve(const std::string& reference) {
     return code < 0x80 ? "&#" + std::to_string(code) + ";" : Utf8(code);
 }
 
-/// A well-formed document with its numeric character references resolved: gSOAP takes no more than
-/// seven characters of one and reads the rest as text.
-std::string ResolveReferences(const std::string& xml) {
+/// The end of the tag that begins at `at`; counts its attributes.
+std::size_t EndOfTag(const std::string& xml, std::size_t at, std::size_t* attributes) {
+    char quote = '\0';
+    for (; quote != '\0' || xml[at] != '>'; ++at) {
+        if (quote != '\0') {
+            quote = xml[at] == quote ? '\0' : quote;
+        } else if (xml[at] == '"' || xml[at] == '\'') {
+            quote = xml[at];
+            ++*attributes;
+        }
+    }
+    return at + 1;
+}
+
+/// Makes up for what gSOAP does not do well. Of a numeric character reference it takes no more than
+/// seven characters and reads the rest as text: in the copy they are resolved. Attributes cost it
+/// time by the square of their number: false where an element has too many. `xml` is well-formed.
+bool PrepareForGsoap(const std::string& xml, std::string* prepared) {
+    constexpr std::size_t kMostAttributes = 1000;
     struct Piece {
         std::string_view begin;
         std::string_view end;
     };
-    constexpr Piece kPieces[] = {{"&#", ";"}, {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
-    std::string text;
-    std::size_t at = 0;
-    while (at < xml.size()) {
-        const auto* const piece =
-            std::find_if(std::begin(kPieces), std::end(kPieces), [&](const Piece& candidate) {
-                return xml.compare(at, candidate.begin.size(), candidate.begin) == 0;
-            });
-        const std::size_t end = piece == std::end(kPieces)
-                                    ? std::min(xml.find_first_of("&<", at + 1), xml.size())
-                                    : xml.find(piece->end, at) + piece->end.size();
-        if (piece == std::begin(kPieces)) {
-            text += Resolve(xml.substr(at, end - at));
-        } else {
-            text.append(xml, at, end - at);
+    constexpr Piece kUntouched[] = {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
+    const auto startsWith = [&xml](std::size_t at, std::string_view start) {
+        return xml.compare(at, start.size(), start) == 0;
+    };
+    for (std::size_t at = 0; at < xml.size();) {
+        if (startsWith(at, "&#")) {
+            const std::size_t end = xml.find(';', at) + 1;
+            *prepared += Resolve(xml.substr(at, end - at));
+            at = end;
+            continue;
         }
+        const auto* const piece =
+            std::find_if(std::begin(kUntouched), std::end(kUntouched),
+                         [&](const Piece& candidate) { return startsWith(at, candidate.begin); });
+        std::size_t end = 0;
+        std::size_t attributes = 0;
+        if (piece != std::end(kUntouched)) {
+            end = xml.find(piece->end, at) + piece->end.size();
+        } else if (xml[at] == '<') {
+            end = EndOfTag(xml, at, &attributes);
+        } else {
+            end = std::min(xml.find_first_of("&<", at + 1), xml.size());
+        }
+        if (attributes > kMostAttributes) {
+            return false;
+        }
+        prepared->append(xml, at, end - at);
         at = end;
     }
-    return text;
+    return true;
 }
 
 }  // namespace
@@ -110,7 +137,11 @@ bool SoapDocument::Open(std::string text, const std::string& where, Failure* fai
         *failure = {where, FaultText(record)};
         return false;
     }
-    text_ = ResolveReferences(text);
+    text_.clear();
+    if (!PrepareForGsoap(text, &text_)) {
+        *failure = {where, "an element has too many attributes"};
+        return false;
+    }
     where_ = where;
     return true;
 }

@@ -1,11 +1,14 @@
 #include <CLI/CLI.hpp>
 
+#include <charconv>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <regex>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "common/QuaveraCommon.h"
@@ -29,9 +32,9 @@ struct Options {
     std::string record;
     std::string id;
     std::string host = "127.0.0.1";
-    int port = 8080;
+    std::string port = "8080";
     std::string catalog;
-    int code = 0;
+    std::string code;
     std::string branding;
     std::string country;
 };
@@ -44,6 +47,27 @@ std::vector<std::string> NamesOf(const Entries& entries, Name name) {
         names.emplace_back(entry.*name);
     }
     return names;
+}
+
+/// The decimal number that a text is; nothing if it is none. CLI11 reads numbers as C does: a
+/// leading zero means octal, and an empty text 0.
+std::optional<int> ParseDecimal(const std::string& text) {
+    int value = 0;
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, value);
+    const bool isNumber = result.ec == std::errc() && result.ptr == end;
+    return isNumber ? std::optional<int>(value) : std::nullopt;
+}
+
+/// For CLI11: the reason why a text is no result code; empty if it is one.
+std::string IsCode(const std::string& text) {
+    return ParseDecimal(text) ? "" : "code: \"" + text + "\" is no number";
+}
+
+/// The same for a port.
+std::string IsPort(const std::string& text) {
+    const int port = ParseDecimal(text).value_or(-1);
+    return port >= 0 && port <= kHighestPort ? "" : "\"" + text + "\" is no port";
 }
 
 /// For CLI11: the reason why a text is no address of a service; empty if it is one. gSOAP takes any
@@ -123,7 +147,7 @@ int PrintError(const Options& options) {
     const QuaveraBranding branding = options.branding.empty()
                                          ? GetQuaveraBranding(options.country)
                                          : QuaveraBrandingFromString(options.branding);
-    return Print(QuavErrorToString(options.code, branding) + "\n", &failure);
+    return Print(QuavErrorToString(*ParseDecimal(options.code), branding) + "\n", &failure);
 }
 
 int Run(int argc, char** argv) {
@@ -158,13 +182,15 @@ int Run(int argc, char** argv) {
     CLI::App* const serve = app.add_subcommand("serve", "Answer as the service would");
     serve->add_option("--host", options.host, "Address to listen on")->capture_default_str();
     serve->add_option("--port", options.port, "Port; 0 takes a free one")
-        ->check(CLI::Range(0, kHighestPort))
+        ->check(IsPort)
+        ->type_name("N")
         ->capture_default_str();
     serve->add_option("--catalog", options.catalog, "Folder of SOAP responses, RECORD/ID.xml")
         ->type_name("DIR");
 
     CLI::App* const message = app.add_subcommand("error", "Print the message of a result code");
     message->add_option("code", options.code, "The code, negative ones as they stand")
+        ->check(IsCode)
         ->type_name("CODE")
         ->required();
     CLI::Option* const branding =
@@ -200,8 +226,9 @@ int Run(int argc, char** argv) {
         return PrintError(options);
     }
     if (*serve) {
-        return tool::Serve(options.host, options.port, options.catalog, &failure) ? 0
-                                                                                  : Fail(failure);
+        return tool::Serve(options.host, *ParseDecimal(options.port), options.catalog, &failure)
+                   ? 0
+                   : Fail(failure);
     }
     return tool::Demo(&failure) ? 0 : Fail(failure);
 }

@@ -99,6 +99,18 @@ TEST(SoapDocument, MalformedTextIsRefusedWithItsPlace) {
     EXPECT_EQ(RecordElement("").rfind("there: line 1, column 1: ", 0), 0U);
 }
 
+TEST(SoapDocument, TooManyAttributesOfAnElementAreRefused) {
+    const auto withAttributes = [](int count) {
+        std::string attributes;
+        for (int at = 0; at < count; ++at) {
+            attributes += " a" + std::to_string(at) + "='>&#62;\"'";
+        }
+        return Envelope(Track(kMembers + "<other" + attributes + "/>"));
+    };
+    EXPECT_EQ(DecodedTrack(withAttributes(1000)), "Tra.1 7");
+    EXPECT_EQ(RecordElement(withAttributes(1001)), "there: an element has too many attributes");
+}
+
 TEST(SoapDocument, AbsentAndNilMembersAreNull) {
     EXPECT_EQ(DecodedTrack(Envelope(Track(""))), "none none");
     EXPECT_EQ(

@@ -95,7 +95,7 @@ TEST(Usage, EndpointIsAnHttpAddress) {
 
 TEST(Usage, PortIsANumberUpTo65535) {
     for (const char* const port :
-         {"", "-1", "65536", "99999999999999999999", "http", "80x", "8 0", "8.0", "1e3"}) {
+         {"", "-1", "65536", "99999999999999999999", "http", "80x", "8 0", "8.0", "1e3", "0x50"}) {
         ExpectWrongUsage({{{"serve", "--port", port}, {"--port", port}}});
     }
     ExpectWrongUsage({{{"serve", "--port"}, {"--port"}}});
@@ -128,7 +128,7 @@ TEST(Usage, HelpAndVersionAreNoErrors) {
 
 TEST(Usage, HelpNamesEveryCommand) {
     const std::string help = RunTool({"--help"}).output;
-    for (const char* const command : {"tree", "text", "show", "fetch", "serve", "demo"}) {
+    for (const char* const command : {"tree", "text", "show", "fetch", "serve", "error", "demo"}) {
         EXPECT_NE(help.find("\n  " + std::string(command) + " "), std::string::npos) << command;
     }
 }
