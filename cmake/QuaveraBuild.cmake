@@ -11,7 +11,7 @@ add_library(quavera-options INTERFACE)
 target_compile_features(quavera-options INTERFACE cxx_std_17)
 target_compile_options(quavera-options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-align
-    -Wcast-qual -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference
+    -Wcast-qual -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual
     -Wdouble-promotion -Wundef -Wimplicit-fallthrough
     $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wuseless-cast>
     $<$<BOOL:${QUAVERA_WERROR}>:-Werror>)
