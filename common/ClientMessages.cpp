@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -87,6 +88,6 @@ unsigned int AddDWORDToBuffer(unsigned char* buffer, unsigned int offset, unsign
 unsigned int AddStringToBuffer(unsigned char* buffer, unsigned int offset, std::string text) {
     const auto length = static_cast<std::uint16_t>(text.size());
     unsigned char* const place = WriteBigEndian(buffer + offset, length, 2);
-    std::memcpy(place, text.data(), text.size());
+    std::copy(text.begin(), text.end(), place);  // no terminator: the length tells the end
     return offset + 2 + length;
 }
