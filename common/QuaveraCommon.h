@@ -25,7 +25,8 @@ static const std::string kMessageCloseSession = "Please close session and try ag
 static const std::string kMessageInvalidTrack = "The specified track is invalid.";
 static const std::string kMessageInputTooLarge = "The input string was too large.";
 static const std::string kMessageConnectionFailed = "{0} service connection failed.";
-// The same text twice: two codes select the one, all unknown codes the other.
+// The same text twice: code -7 selects the first, all codes without a message of their own the
+// second.
 static const std::string kMessageUnexpectedError = "Unexpected error.  Please try again.";
 static const std::string kMessageInvalidData = "Invalid data.";
 static const std::string kMessageInvalidAccountName = "Invalid {0} account name.";

@@ -10,8 +10,10 @@
 /// Trees of XML elements: a name, a text, and child elements in document order.
 ///
 /// Names and texts are byte strings, UTF-8 by convention; the tree stores any bytes unchanged.
-/// A tree is used by one thread at a time. Depth and width are limited by memory only, no
-/// operation recurses, and a failed allocation throws `std::bad_alloc` and changes nothing.
+/// A tree is used by one thread at a time; a subtree that a reference keeps beyond its tree, and a
+/// node made by `CreateNode`, still belong to the tree that they come from. Depth and width are
+/// limited by memory only, no operation recurses, and a failed allocation throws `std::bad_alloc`
+/// and changes nothing.
 namespace ZQXML {
 
 class INode;

@@ -10,7 +10,7 @@ constexpr std::size_t kTypicalDisplayName = 100;
 
 }  // namespace
 
-// rightFlags is left as it is found: receivers tell by their own means whether it was sent.
+// rightFlags is left as it is found, on purpose.
 DataTrackInfo::DataTrackInfo() {
     albumId.reserve(kTypicalIdentifier);
     artistId.reserve(kTypicalIdentifier);

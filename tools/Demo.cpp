@@ -62,19 +62,31 @@ Stream StartReceiver(pid_t* process) {
     return *process < 0 ? nullptr : std::move(trees);
 }
 
+/// Lets a service serve for as long as the object lives.
+class ServiceThread {
+ public:
+    explicit ServiceThread(StandIn* service)
+        : thread_([this, service] { service->Serve(stop_); }) {}
+    ServiceThread(const ServiceThread&) = delete;
+    ServiceThread& operator=(const ServiceThread&) = delete;
+    ~ServiceThread() {
+        stop_ = true;
+        thread_.join();
+    }
+
+ private:
+    std::atomic<bool> stop_ = false;
+    std::thread thread_;  // last: it uses the flag
+};
+
 /// Asks a stand-in service, on a free port of this machine, for the demonstration's record.
 Output FetchTree(Failure* failure) {
     StandIn service{Catalog()};
     if (!service.Listen("127.0.0.1", 0, failure)) {
         return std::nullopt;
     }
-    std::atomic<bool> stop = false;
-    std::thread server([&] { service.Serve(stop); });
-    Output tree =
-        Fetch(*FindOperation(kRecord), service.Endpoint(), kId, Form::kIndentedTree, failure);
-    stop = true;
-    server.join();
-    return tree;
+    const ServiceThread thread(&service);
+    return Fetch(*FindOperation(kRecord), service.Endpoint(), kId, Form::kIndentedTree, failure);
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <memory>
 
+#include "platform/zqshared.h"
+
 namespace tool {
 namespace {
 
@@ -61,6 +63,10 @@ bool ReadStream(std::FILE* stream, const std::string& name, std::string* text, F
     text->clear();
     while (const std::size_t size = std::fread(buffer.data(), 1, buffer.size(), stream)) {
         text->append(buffer.data(), size);
+        if (text->size() > ZQXML::kMaxXmlSize) {
+            *failure = {name, "longer than any document that is read"};
+            return false;
+        }
     }
     if (std::ferror(stream) != 0) {
         *failure = {name, std::strerror(errno)};

@@ -3,6 +3,7 @@
 #include <sys/socket.h>
 
 #include "common/QuaveraCommon.h"
+#include "platform/zqshared.h"
 
 namespace tool {
 
@@ -12,6 +13,9 @@ SoapContext::SoapContext() : soap_(SOAP_C_UTFSTRING | SOAP_XML_TREE) {
     // A peer that goes away is an error of that connection, not the end of this process.
     soap_.socket_flags = MSG_NOSIGNAL;
     SetSoapTimeouts(&soap_);
+    // A peer that sends byte by byte, or without end, is not waited for.
+    soap_.transfer_timeout = 120;
+    soap_.recv_maxlength = ZQXML::kMaxXmlSize;
 }
 
 SoapContext::~SoapContext() {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -59,60 +58,107 @@ std::string Resolve(const std::string& reference) {
     return code < 0x80 ? "&#" + std::to_string(code) + ";" : Utf8(code);
 }
 
-/// The end of the tag that begins at `at`; counts its attributes.
-std::size_t EndOfTag(const std::string& xml, std::size_t at, std::size_t* attributes) {
-    char quote = '\0';
-    for (; quote != '\0' || xml[at] != '>'; ++at) {
-        if (quote != '\0') {
-            quote = xml[at] == quote ? '\0' : quote;
-        } else if (xml[at] == '"' || xml[at] == '\'') {
-            quote = xml[at];
-            ++*attributes;
-        }
-    }
-    return at + 1;
+std::string_view WithoutPrefix(std::string_view name) {
+    return name.substr(name.rfind(':') + 1);
 }
 
-/// Makes up for what gSOAP does not do well. Of a numeric character reference it takes no more than
-/// seven characters and reads the rest as text: in the copy they are resolved. Attributes cost it
-/// time by the square of their number: false where an element has too many. `xml` is well-formed.
-bool PrepareForGsoap(const std::string& xml, std::string* prepared) {
-    constexpr std::size_t kMostAttributes = 1000;
-    struct Piece {
-        std::string_view begin;
-        std::string_view end;
-    };
-    constexpr Piece kUntouched[] = {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
-    const auto startsWith = [&xml](std::size_t at, std::string_view start) {
-        return xml.compare(at, start.size(), start) == 0;
-    };
-    for (std::size_t at = 0; at < xml.size();) {
-        if (startsWith(at, "&#")) {
-            const std::size_t end = xml.find(';', at) + 1;
-            *prepared += Resolve(xml.substr(at, end - at));
-            at = end;
-            continue;
+/// Rewrites a well-formed document so that gSOAP reads it right and in linear time.
+///
+/// - Of a numeric character reference gSOAP takes no more than seven characters and reads the rest
+///   as text: references are resolved.
+/// - Asked to know members by name alone, it refuses prefixed elements that it has no member for:
+///   within the record, names lose their prefixes.
+/// - It keeps a list of all names of attributes, which takes long to search: attributes that mean
+///   nothing in SOAP are left out.
+class Preparation {
+ public:
+    explicit Preparation(const std::string& xml) : xml_(xml) { text_.reserve(xml.size()); }
+
+    std::string Run() {
+        while (at_ < xml_.size()) {
+            if (StartsWith("&#")) {
+                const std::size_t start = at_;
+                SkipBehind(";");
+                text_ += Resolve(xml_.substr(start, at_ - start));
+            } else if (StartsWith("<!--") || StartsWith("<?")) {
+                SkipBehind(xml_[at_ + 1] == '?' ? "?>" : "-->");
+            } else if (StartsWith("<![CDATA[")) {
+                const std::size_t start = at_;
+                SkipBehind("]]>");
+                text_.append(xml_, start, at_ - start);
+            } else if (xml_[at_] == '<') {
+                CopyTag();
+            } else {
+                CopyUpTo("&<", at_ + 1);
+            }
         }
-        const auto* const piece =
-            std::find_if(std::begin(kUntouched), std::end(kUntouched),
-                         [&](const Piece& candidate) { return startsWith(at, candidate.begin); });
-        std::size_t end = 0;
-        std::size_t attributes = 0;
-        if (piece != std::end(kUntouched)) {
-            end = xml.find(piece->end, at) + piece->end.size();
-        } else if (xml[at] == '<') {
-            end = EndOfTag(xml, at, &attributes);
-        } else {
-            end = std::min(xml.find_first_of("&<", at + 1), xml.size());
-        }
-        if (attributes > kMostAttributes) {
-            return false;
-        }
-        prepared->append(xml, at, end - at);
-        at = end;
+        return std::move(text_);
     }
-    return true;
-}
+
+ private:
+    bool StartsWith(std::string_view start) const {
+        return xml_.compare(at_, start.size(), start) == 0;
+    }
+    void SkipBehind(std::string_view end) { at_ = xml_.find(end, at_) + end.size(); }
+    void CopyUpTo(const char* ends, std::size_t from) {
+        const std::size_t end = std::min(xml_.find_first_of(ends, from), xml_.size());
+        text_.append(xml_, at_, end - at_);
+        at_ = end;
+    }
+    std::string_view Token(const char* ends) {
+        const std::size_t start = at_;
+        at_ = xml_.find_first_of(ends, at_);
+        return std::string_view(xml_).substr(start, at_ - start);
+    }
+
+    void CopyTag() {
+        const bool isEnd = xml_[at_ + 1] == '/';
+        at_ += isEnd ? 2 : 1;
+        const std::string_view name = Token(" \t\r\n/>");
+        depth_ -= isEnd ? 1 : 0;
+        if (depth_ == 0) {
+            isEnvelope_ = WithoutPrefix(name) == "Envelope";
+        }
+        if (depth_ == 1) {
+            isBody_ = WithoutPrefix(name) == "Body";
+        }
+        const bool isRecord = !isEnvelope_ || (isBody_ && depth_ >= 2);
+        text_ += isEnd ? "</" : "<";
+        text_ += isRecord ? WithoutPrefix(name) : name;
+        while (xml_[at_] != '>' && xml_[at_] != '/') {
+            CopyAttribute();
+        }
+        const bool isEmpty = xml_[at_] == '/';
+        text_ += isEmpty ? "/>" : ">";
+        at_ += isEmpty ? 2 : 1;
+        depth_ += isEnd || isEmpty ? 0 : 1;
+    }
+
+    /// Copies an attribute that means something, with the blanks around it.
+    void CopyAttribute() {
+        at_ = xml_.find_first_not_of(" \t\r\n", at_);
+        if (xml_[at_] == '>' || xml_[at_] == '/') {
+            return;
+        }
+        const std::size_t start = at_;
+        const std::string_view name = Token(" \t\r\n=");
+        at_ = xml_.find_first_of("\"'", at_);
+        at_ = xml_.find(xml_[at_], at_ + 1) + 1;
+        const std::string_view local = WithoutPrefix(name);
+        const bool isNamespace = name.substr(0, 5) == "xmlns";
+        if (isNamespace || local == "nil" || local == "type" || local == "mustUnderstand") {
+            text_ += ' ';
+            text_.append(xml_, start, at_ - start);
+        }
+    }
+
+    const std::string& xml_;
+    std::string text_;
+    std::size_t at_ = 0;
+    int depth_ = 0;
+    bool isEnvelope_ = false;
+    bool isBody_ = false;
+};
 
 }  // namespace
 
@@ -137,11 +183,7 @@ bool SoapDocument::Open(std::string text, const std::string& where, Failure* fai
         *failure = {where, FaultText(record)};
         return false;
     }
-    text_.clear();
-    if (!PrepareForGsoap(text, &text_)) {
-        *failure = {where, "an element has too many attributes"};
-        return false;
-    }
+    text_ = Preparation(text).Run();
     where_ = where;
     return true;
 }
