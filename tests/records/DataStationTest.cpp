@@ -70,8 +70,7 @@ TEST(DataStation, IgnoresStationsWithinAStation) {
 
 TEST(DataStation, StaysAsItIsWithoutAStation) {
     for (const char* xml : {"<Parent/>", "<Parent><StationId>new</StationId></Parent>",
-                            "<Parent><Other><Station><StationId>new</StationId></Station></Other>"
-                            "</Parent>",
+                            "<Parent><X><Station><StationId>new</StationId></Station></X></Parent>",
                             "<station><StationId>new</StationId></station>",
                             "<Stations><STATION><StationId>new</StationId></STATION></Stations>"}) {
         auto station = FromTree<DataStation>(SampleStation::kTree);

@@ -45,15 +45,15 @@ std::vector<std::string> TrackDocuments() {
         bare,
         "<?xml version='1.0'?>\n<!-- a comment -->\n" + bare + "\n<!-- another -->",
         "<p:LiteTrackMetadata xmlns:p=\"urn:anything\">" + kMembers + "</p:LiteTrackMetadata>",
-        "<p:LiteTrackMetadata xmlns:p=\"urn:anything\"><p:trackId>Tra.1</p:trackId>"
-        "<p:trackIndex>7</p:trackIndex></p:LiteTrackMetadata>",
+        std::string("<p:LiteTrackMetadata xmlns:p=\"urn:anything\"><p:trackId>Tra.1</p:trackId>") +
+            "<p:trackIndex>7</p:trackIndex></p:LiteTrackMetadata>",
         Envelope(Track(kMembers)),
         Envelope("\n  <!-- a comment -->" + Track(kMembers) + "<more/>"),
         "<e:Envelope xmlns:e=\"http://www.w3.org/2003/05/soap-envelope\"><e:Body>" + bare +
             "</e:Body></e:Envelope>",
-        "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\"><e:Header>"
-        "<trackId>Tra.0</trackId></e:Header><e:Body>" +
-            bare + "</e:Body></e:Envelope>",
+        std::string("<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\">") +
+            "<e:Header><trackId>Tra.0</trackId></e:Header><e:Body>" + bare +
+            "</e:Body></e:Envelope>",
         "\xEF\xBB\xBF" + bare,
     };
 }
