@@ -13,15 +13,22 @@ target_compile_options(quavera-options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-align
     -Wcast-qual -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual
     -Wdouble-promotion -Wundef -Wimplicit-fallthrough
-    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wuseless-cast>
+    # A note, for other compilers than the target's: GCC 7 changed how ARM passes some classes.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-psabi>
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op>
     $<$<BOOL:${QUAVERA_WERROR}>:-Werror>)
+
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_SIZEOF_VOID_P EQUAL 8)
+    # Not with 32 bits: a cast from size_t that 64 need changes nothing there.
+    target_compile_options(quavera-options INTERFACE -Wuseless-cast)
+endif()
 
 if(QUAVERA_SANITIZE)
     # Without vptr: it needs the type information of the SOAP classes, which libquavera.so, for
     # which they are mere declarations, does not link.
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all
+    add_compile_options(-fsanitize=${QUAVERA_SANITIZE} -fno-sanitize=vptr -fno-sanitize-recover=all
                         -fno-omit-frame-pointer)
-    add_link_options(-fsanitize=address,undefined)
+    add_link_options(-fsanitize=${QUAVERA_SANITIZE})
 endif()
 
 # quavera_own_sources(<target>): the target's sources are ours, held to our warnings and lint.
@@ -43,7 +50,9 @@ function(quavera_shared_library target)
     target_include_directories(${target} PUBLIC
         "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
         "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/quavera>")
-    target_link_options(${target} PRIVATE LINKER:--no-undefined LINKER:--as-needed)
+    target_link_options(${target} PRIVATE
+        LINKER:--no-undefined LINKER:--as-needed
+        "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map")
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
@@ -53,5 +62,8 @@ function(quavera_shared_library target)
     if(QUAVERA_SANITIZE)
         # A sanitizer's runtime comes with the program.
         set_target_properties(${target} PROPERTIES LINK_OPTIONS "LINKER:--as-needed")
+    endif()
+    if(QUAVERA_ABI_CHECK)
+        target_compile_options(${target} PRIVATE -g)
     endif()
 endfunction()

@@ -2,7 +2,7 @@
 #include <new>
 #include <string>
 
-#include "common/QuaveraCommon.h"
+#include "common/TextConversion.h"
 #include "platform/zqshared.h"
 
 namespace {

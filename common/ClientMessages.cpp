@@ -2,7 +2,7 @@
 #include <cstring>
 #include <string>
 
-#include "common/QuaveraCommon.h"
+#include "common/ClientMessages.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <string>
 
-#include "common/QuaveraCommon.h"
+#include "common/TextConversion.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-#include "common/QuaveraCommon.h"
+#include "common/SocketHelpers.h"
 #include "platform/zqshared.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
-#include "common/QuaveraCommon.h"
-#include "platform/Utf8.h"
+#include "common/DirectText.h"
+#include "common/TextConversion.h"
 
 // The converter is told that the memory of a wide string is UCS-4LE.
 static_assert(sizeof(wchar_t) == 4, "wide characters have 32 bits");
@@ -62,47 +62,6 @@ void CutAtZero(String& text) {
     }
 }
 
-/// Decodes strict UTF-8 without zero bytes, which nearly all text is, without the converter's cost
-/// of opening. False where the text is anything else: then the converter decides.
-bool DecodeDirectly(std::string_view text, std::wstring* result) {
-    result->resize(text.size());
-    std::size_t size = 0;
-    while (!text.empty()) {
-        const zq::Utf8Character character = zq::FirstCharacter(text);
-        if (character.size == 0 || character.code == 0) {
-            return false;
-        }
-        (*result)[size++] = static_cast<wchar_t>(character.code);
-        text.remove_prefix(character.size);
-    }
-    result->resize(size);
-    return true;
-}
-
-/// Encodes characters up to 10FFFF, without zero and surrogates, as UTF-8; false otherwise.
-bool EncodeDirectly(std::wstring_view text, std::string* result) {
-    result->reserve(text.size());
-    for (const wchar_t character : text) {
-        const auto code = static_cast<char32_t>(character);
-        const auto trail = [code](unsigned shift) {
-            return static_cast<char>(0x80 | ((code >> shift) & 0x3F));
-        };
-        if (code == 0 || code > 0x10FFFF || zq::IsSurrogate(code)) {
-            return false;
-        }
-        if (code < 0x80) {
-            *result += static_cast<char>(code);
-        } else if (code < 0x800) {
-            *result += {static_cast<char>(0xC0 | (code >> 6)), trail(0)};
-        } else if (code < 0x10000) {
-            *result += {static_cast<char>(0xE0 | (code >> 12)), trail(6), trail(0)};
-        } else {
-            *result += {static_cast<char>(0xF0 | (code >> 18)), trail(12), trail(6), trail(0)};
-        }
-    }
-    return true;
-}
-
 std::string ConvertFromWide(const char* codePage, std::wstring_view text) {
     std::string result(text.size() * kRoomPerUnit, '\0');
     Converter converter(codePage, kWide);
@@ -116,8 +75,9 @@ std::string ConvertFromWide(const char* codePage, std::wstring_view text) {
 }  // namespace
 
 std::wstring convertFromUtf8(std::string text) {
-    std::wstring result;
-    if (DecodeDirectly(text, &result)) {
+    bool isUnusual = false;
+    std::wstring result = WidenText(text, &isUnusual);
+    if (!isUnusual) {
         return result;
     }
     // The room offered is one character for each byte; the rest of the buffer stays zero.
@@ -134,8 +94,12 @@ std::string convertToCodePage(std::string codePage, std::wstring text) {
 }
 
 std::string convertToUtf8(std::wstring text) {
-    std::string result;
-    return EncodeDirectly(text, &result) ? result : ConvertFromWide(kUtf8, text);
+    std::string result(text.size() * kRoomPerUnit, '\0');
+    const std::size_t size = NarrowDirectly(text, result.data());
+    if (size == kUnusualText) {
+        return ConvertFromWide(kUtf8, text);
+    }
+    return result.substr(0, size);  // without the room
 }
 
 std::string convertToCP850(std::wstring text) {

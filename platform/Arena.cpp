@@ -4,7 +4,6 @@
 #include <cstring>
 #include <limits>
 #include <new>
-#include <utility>
 
 namespace ZQXML {
 namespace {
@@ -12,18 +11,11 @@ namespace {
 // Small enough for a million single nodes, with growth so that large trees take few blocks.
 constexpr std::size_t kFirstBlockSize = 256;
 constexpr std::size_t kLargestBlockSize = 16384;
-// Longer texts get a block of their own, so that they do not cut short the one being filled.
-constexpr std::size_t kLargeText = kLargestBlockSize / 4;
 
 // A name is looked for in this many slots only: a hostile set of names costs memory, not time.
 constexpr std::uint32_t kProbes = 8;
 constexpr std::uint32_t kFirstSlotCount = 16;
 constexpr std::uint32_t kLargestSlotCount = 1024;
-
-constexpr std::size_t RoundUp(std::size_t size) {
-    constexpr std::size_t kAlignment = alignof(void*);
-    return (size + kAlignment - 1) / kAlignment * kAlignment;
-}
 
 std::uint32_t HashName(std::string_view name) {
     std::uint32_t hash = 2166136261U;  // FNV-1a
@@ -33,8 +25,8 @@ std::uint32_t HashName(std::string_view name) {
     return hash;
 }
 
-void CheckSize(std::string_view text) {
-    if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
+void CheckSize(std::size_t size) {
+    if (size > std::numeric_limits<std::uint32_t>::max()) {
         throw std::bad_alloc();
     }
 }
@@ -73,40 +65,31 @@ void Arena::StartBlock(std::size_t needed) {
     nextBlockSize_ = std::min(nextBlockSize_ * 2, kLargestBlockSize);
 }
 
-void* Arena::Allocate(std::size_t size) {
-    const std::size_t rounded = RoundUp(size);
-    if (FreeSpace() < rounded) {
-        StartBlock(rounded);
+char* Arena::AllocateElsewhere(std::size_t size) {
+    CheckSize(size);
+    if (size > kLargeText) {
+        return NewBlock(size);
     }
-    return std::exchange(front_, front_ + rounded);
+    StartBlock(size);
+    return back_ -= size;
 }
 
-const char* Arena::StoreText(std::string_view text) {
-    CheckSize(text);
-    if (text.empty()) {
-        return back_;
+void Arena::FindOrAddName(std::string_view name) {
+    CheckSize(name.size());
+    Name* const found = Lookup(name);
+    if (latestName_ != nullptr) {
+        latestName_->successor = found;
     }
-    char* place = nullptr;
-    if (text.size() > kLargeText) {
-        place = NewBlock(text.size());
-    } else {
-        if (FreeSpace() < text.size()) {
-            StartBlock(text.size());
-        }
-        place = back_ -= text.size();
-    }
-    std::memcpy(place, text.data(), text.size());
-    return place;
+    latestName_ = found;
 }
 
-const Name* Arena::StoreName(std::string_view name) {
-    CheckSize(name);
+Name* Arena::Lookup(std::string_view name) {
     if (nameCount_ * 2 >= slotCount_ && slotCount_ < kLargestSlotCount) {
         GrowNameTable();
     }
     const std::uint32_t hash = HashName(name);
     for (std::uint32_t probe = 0; probe < kProbes; ++probe) {
-        const Name*& slot = slots_[(hash + probe) % slotCount_];
+        Name*& slot = slots_[(hash + probe) % slotCount_];
         if (slot == nullptr) {
             slot = NewName(name, hash);
             ++nameCount_;
@@ -121,14 +104,15 @@ const Name* Arena::StoreName(std::string_view name) {
 
 Name* Arena::NewName(std::string_view name, std::uint32_t hash) {
     void* const memory = Allocate(sizeof(Name) + name.size());
-    Name* const stored = ::new (memory) Name{static_cast<std::uint32_t>(name.size()), hash};
+    Name* const stored =
+        ::new (memory) Name{static_cast<std::uint32_t>(name.size()), hash, nullptr};
     std::copy(name.begin(), name.end(), reinterpret_cast<char*>(stored + 1));
     return stored;
 }
 
 void Arena::GrowNameTable() {
     const std::uint32_t count = slotCount_ == 0 ? kFirstSlotCount : slotCount_ * 4;
-    const auto** const slots = static_cast<const Name**>(Allocate(count * sizeof(void*)));
+    auto** const slots = static_cast<Name**>(Allocate(count * sizeof(void*)));
     std::fill_n(slots, count, nullptr);
     for (std::uint32_t old = 0; old < slotCount_; ++old) {
         if (slots_[old] == nullptr) {

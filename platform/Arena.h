@@ -4,6 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
+
+#include "base/SmallText.h"
 
 namespace ZQXML {
 
@@ -11,6 +14,7 @@ namespace ZQXML {
 struct Name {
     std::uint32_t size;
     std::uint32_t hash;
+    Name* successor;  // the name that was used behind it the last time; null at first
 
     std::string_view View() const { return {reinterpret_cast<const char*>(this + 1), size}; }
 };
@@ -38,11 +42,44 @@ class Arena {
     bool IsPinnedOnce() const { return pins_ == 1; }
 
     /// Uninitialised memory for an object without a destructor to run.
-    void* Allocate(std::size_t size);
-    /// A copy of `text`, which may hold any bytes and has at most 2^32 - 1 of them.
-    const char* StoreText(std::string_view text);
+    void* Allocate(std::size_t size) {
+        const std::size_t rounded = RoundUp(size);
+        if (FreeSpace() < rounded) {
+            StartBlock(rounded);
+        }
+        return std::exchange(front_, front_ + rounded);
+    }
+    /// Uninitialised memory for a text; throws `std::bad_alloc` for more than 2^32 - 1 bytes.
+    char* AllocateText(std::size_t size) {
+        return size <= kLargeText && size <= FreeSpace() ? back_ -= size : AllocateElsewhere(size);
+    }
+    /// Both at once.
+    void* Allocate(std::size_t size, std::size_t textSize, char** text) {
+        const std::size_t rounded = RoundUp(size);
+        if (textSize <= kLargeText && rounded + textSize <= FreeSpace()) {
+            *text = back_ -= textSize;
+            return std::exchange(front_, front_ + rounded);
+        }
+        *text = AllocateText(textSize);
+        return Allocate(size);
+    }
+    /// A copy of `text`, which may hold any bytes.
+    const char* StoreText(std::string_view text) {
+        char* const place = AllocateText(text.size());
+        zq::CopyText(text, place);
+        return place;
+    }
     /// The arena's copy of `name`, shared with earlier uses of the same name where it is found.
-    const Name* StoreName(std::string_view name);
+    const Name* StoreName(std::string_view name) {
+        // Records repeat not only their names but the order of them: a comparison saves the search.
+        Name* const expected = latestName_ == nullptr ? nullptr : latestName_->successor;
+        if (expected != nullptr && zq::IsSameText(expected->View(), name)) {
+            latestName_ = expected;
+        } else {
+            FindOrAddName(name);
+        }
+        return latestName_;
+    }
 
     /// Links from elements of this arena to children in other arenas.
     std::size_t outwardLinks = 0;
@@ -52,12 +89,23 @@ class Arena {
         Block* previous;
     };
 
+    // Longer texts get a block of their own, so that they do not cut short the one being filled.
+    static constexpr std::size_t kLargeText = 4096;
+
+    static constexpr std::size_t RoundUp(std::size_t size) {
+        constexpr std::size_t kAlignment = alignof(void*);
+        return (size + kAlignment - 1) / kAlignment * kAlignment;
+    }
+
     Arena(char* begin, char* end) : front_(begin), back_(end) {}
     ~Arena() = default;
 
     std::size_t FreeSpace() const { return static_cast<std::size_t>(back_ - front_); }
     char* NewBlock(std::size_t size);
     void StartBlock(std::size_t needed);
+    char* AllocateElsewhere(std::size_t size);
+    void FindOrAddName(std::string_view name);
+    Name* Lookup(std::string_view name);
     Name* NewName(std::string_view name, std::uint32_t hash);
     void GrowNameTable();
     void Destroy();
@@ -65,7 +113,8 @@ class Arena {
     char* front_;
     char* back_;
     Block* blocks_ = nullptr;
-    const Name** slots_ = nullptr;
+    Name** slots_ = nullptr;
+    Name* latestName_ = nullptr;  // the one that was stored or found last
     std::uint32_t slotCount_ = 0;
     std::uint32_t nameCount_ = 0;
     std::size_t nextBlockSize_ = 0;

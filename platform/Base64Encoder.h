@@ -1,6 +1,9 @@
 #ifndef QUAVERA_PLATFORM_BASE64_ENCODER_H_
 #define QUAVERA_PLATFORM_BASE64_ENCODER_H_
 
+#include <string>
+#include <string_view>
+
 #include "platform/Export.h"
 
 /// Base64 as in RFC 4648, section 4: the standard alphabet, "=" padding, no line breaks.
@@ -25,10 +28,18 @@ class ZQ_API Base64Encoder {
     ///
     /// ASCII white space is skipped anywhere; the unused bits of the last character are ignored.
     /// `*dataLength` is the capacity of `data` on entry and the number of bytes produced on return.
-    /// Returns nonzero on success. Returns 0, with `*dataLength` 0 and the contents of `data`
+    /// Returns nonzero on success; behind the bytes produced, zeros may be written up to the
+    /// capacity. Returns 0, with `*dataLength` 0 and the contents of `data`
     /// undefined up to its capacity, for a character outside the alphabet, missing, misplaced or
     /// surplus padding, a negative length, or when the capacity is too small.
     int Decode(const char* text, long length, char* data, long* dataLength) const;
 };
+
+namespace zq {
+
+/// The base64 form of `bytes`.
+ZQ_API std::string EncodeBase64(std::string_view bytes);
+
+}  // namespace zq
 
 #endif  // QUAVERA_PLATFORM_BASE64_ENCODER_H_

@@ -1,9 +1,12 @@
 #include "platform/Node.h"
 
 #include <new>
+#include <typeinfo>
 #include <vector>
 
+#include "platform/Base64Codec.h"
 #include "platform/Base64Encoder.h"
+#include "platform/Decimal.h"
 #include "platform/ToString.h"
 
 namespace ZQXML {
@@ -37,6 +40,36 @@ std::string DecodeBase64(std::string_view text) {
 
 }  // namespace
 
+inline void ChildList::Append(Node* child) {
+    (last_ == nullptr ? first_ : last_->next_) = child;
+    last_ = child;
+}
+
+inline ChildList* Node::Children() {
+    if (children_ == nullptr) {
+        children_ = ::new (arena_->Allocate(sizeof(ChildList))) ChildList;
+    }
+    return children_;
+}
+
+inline const Name* Node::StoredName(std::string_view name) {
+    return name.empty() ? nullptr : arena_->StoreName(name);
+}
+
+/// A new last child, with a text that is still to be written. The one way in which leaves are made:
+/// most of a tree's nodes are.
+inline Node* Node::NewLeaf(std::string_view name, std::size_t textSize, char** text) {
+    const Name* const stored = StoredName(name);
+    ChildList* const list = Children();
+    Node* const child = ::new (arena_->Allocate(sizeof(Node), textSize, text)) Node(arena_, false);
+    child->name_ = stored;
+    child->text_ = *text;
+    child->textSize_ = static_cast<std::uint32_t>(textSize);
+    child->parent_ = this;
+    list->Append(child);
+    return child;
+}
+
 INode* ChildList::First() {
     return current_ = first_;
 }
@@ -51,17 +84,15 @@ INode* ChildList::Next() {
 zq::auto_com<INode> CreateXmlNode() {
     Arena* const arena = Arena::Create();
     // Cannot fail: an arena's first block has room for a node. The node takes over the first pin.
-    return zq::auto_com<INode>(::new (arena->Allocate(sizeof(Node))) Node(arena, 1));
+    return zq::auto_com<INode>(::new (arena->Allocate(sizeof(Node))) Node(arena, true));
 }
 
-zq::auto_com<INode> Node::CreateNode() {
-    Node* const node = ::new (arena_->Allocate(sizeof(Node))) Node(arena_, 1);
+zq::auto_com<INode> Node::CreateNode(std::string_view name) {
+    const Name* const stored = StoredName(name);
+    Node* const node = ::new (arena_->Allocate(sizeof(Node))) Node(arena_, true);
+    node->name_ = stored;
     arena_->Pin();
     return zq::auto_com<INode>(node);
-}
-
-std::string_view Node::NameText() const {
-    return name_ == nullptr ? std::string_view() : name_->View();
 }
 
 std::string Node::GetName() {
@@ -77,15 +108,17 @@ int Node::GetValueInt() {
 }
 
 std::string Node::GetValueDecoded() {
-    return encoded_ ? DecodeBase64(Text()) : GetValue();
+    return IsEncoded() ? DecodeBase64(Text()) : GetValue();
 }
 
-std::string_view Node::NameView(std::string& /*storage*/) {
-    return NameText();
-}
-
-std::string_view Node::ValueView(std::string& /*storage*/) {
-    return Text();
+unsigned int Node::ViewChildren(INode* last, NodeView* views, unsigned int room,
+                                NodeCopies& /*copies*/) {
+    Node* child = last == nullptr ? FirstChild() : static_cast<Node*>(last)->next_;
+    unsigned int count = 0;
+    for (; child != nullptr && count < room; child = child->next_) {
+        views[count++] = child->Look();
+    }
+    return count;
 }
 
 INode* Node::FindChild(const std::string& name) {
@@ -102,7 +135,7 @@ INodeList* Node::GetChildren() {
 
 void Node::Initialize(const std::string& name, const std::string& text) {
     SetNameAndText(name, text);
-    encoded_ = false;
+    SetEncoded(false);
 }
 
 void Node::AddChild(const std::string& name, const char* text) {
@@ -114,42 +147,59 @@ void Node::AddChild(const std::string& name, const std::string& text) {
 }
 
 void Node::AddChild(const std::string& name, int value) {
-    AddElement(name, zq::ToString(value));
+    AddNumber(name, value);
 }
 
 void Node::AddChild(const std::string& name, unsigned long value) {
-    AddElement(name, zq::ToString(static_cast<std::uint32_t>(value)));
+    AddElement(name, zq::Decimal(static_cast<std::uint32_t>(value)).View());
 }
 
 void Node::AddChild(const std::string& name, bool value) {
-    AddElement(name, zq::ToString(value));
+    AddElement(name, value ? std::string_view(TRUE_STRING) : "false");
 }
 
 void Node::AddChildEncoded(const std::string& name, const std::string& text) {
-    AddElement(name, text)->encoded_ = true;
+    AddElement(name, text)->SetEncoded(true);
 }
 
 void Node::AppendChild(INode* child) {
     if (child == nullptr) {
         return;
     }
-    Node* const own = dynamic_cast<Node*>(child);
-    if (own == nullptr) {
+    // Final classes have no derived ones, so this is a cast without a search.
+    if (typeid(*child) != typeid(Node)) {
         AttachCopy(child);
-    } else if (own->parent_ == nullptr && !IsInSubtreeOf(own)) {
+        return;
+    }
+    Node* const own = static_cast<Node*>(child);
+    if (own->parent_ == nullptr && !IsInSubtreeOf(own)) {
         Attach(own);
     }
 }
 
+void Node::AddText(std::string_view name, std::string_view text) {
+    AddElement(name, text);
+}
+
+void Node::AddNumber(std::string_view name, int value) {
+    AddElement(name, zq::Decimal(value).View());
+}
+
+void Node::AddEncoded(std::string_view name, std::string_view bytes) {
+    char* text = nullptr;
+    NewLeaf(name, zq::Base64Size(bytes.size()), &text)->SetEncoded(true);
+    zq::WriteBase64(bytes, text);
+}
+
 Node* Node::AddElement(std::string_view name, std::string_view text) {
-    Node* const child = ::new (arena_->Allocate(sizeof(Node))) Node(arena_, 0);
-    child->SetNameAndText(name, text);
-    Attach(child);
+    char* place = nullptr;
+    Node* const child = NewLeaf(name, text.size(), &place);
+    zq::CopyText(text, place);
     return child;
 }
 
 void Node::SetNameAndText(std::string_view name, std::string_view text) {
-    const Name* const stored = name.empty() ? nullptr : arena_->StoreName(name);
+    const Name* const stored = StoredName(name);
     SetText(text);
     name_ = stored;  // last: a failed allocation changes nothing
 }
@@ -157,13 +207,6 @@ void Node::SetNameAndText(std::string_view name, std::string_view text) {
 void Node::SetText(std::string_view text) {
     text_ = arena_->StoreText(text);
     textSize_ = static_cast<std::uint32_t>(text.size());
-}
-
-ChildList* Node::Children() {
-    if (children_ == nullptr) {
-        children_ = ::new (arena_->Allocate(sizeof(ChildList))) ChildList;
-    }
-    return children_;
 }
 
 /// The element behind this one in document order within the subtree of `root`.
@@ -200,15 +243,14 @@ void Node::Attach(Node* child) {
         ++arena_->outwardLinks;
     }
     child->parent_ = this;
-    (list->last_ == nullptr ? list->first_ : list->last_->next_) = child;
-    list->last_ = child;
+    list->Append(child);
 }
 
 void Node::CopyContents(INode* foreign) {
-    std::string name;
-    std::string text;
-    SetNameAndText(foreign->NameView(name), foreign->ValueView(text));
-    encoded_ = foreign->IsEncoded();
+    NodeCopies copies;
+    const NodeView view = foreign->View(copies);
+    SetNameAndText(view.Name(), view.Text());
+    SetEncoded(foreign->IsEncoded());
 }
 
 void Node::AttachCopy(INode* foreign) {
@@ -226,7 +268,7 @@ void Node::AttachCopy(INode* foreign) {
     };
 
     // Attached last: a failure on the way leaves this node as it was.
-    const zq::auto_com<INode> root = CreateNode();
+    const zq::auto_com<INode> root = CreateNode({});
     descend(foreign, static_cast<Node*>(root.get()));
     while (!levels.empty()) {
         INode* const original = levels.back().original;

@@ -21,6 +21,8 @@ class ChildList final : public INodeList {
  private:
     friend class Node;
 
+    void Append(Node* child);
+
     Node* first_ = nullptr;
     Node* last_ = nullptr;
     Node* current_ = nullptr;  // the walk's position; null ahead of First and behind the end
@@ -31,7 +33,9 @@ class ChildList final : public INodeList {
 /// to a parent in another arena) holds a pin on its arena; the others live by their parent.
 class Node final : public INode {
  public:
-    Node(Arena* arena, std::uint32_t references) : arena_(arena), references_(references) {}
+    /// A new node holds one reference for its maker, or none.
+    Node(Arena* arena, bool isReferenced)
+        : arena_(arena), references_(isReferenced ? 1 : 0), encoded_(0) {}
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
 
@@ -52,23 +56,35 @@ class Node final : public INode {
     void Release() override;
 
     void AddRef() override;
-    bool IsEncoded() override { return encoded_; }
+    bool IsEncoded() override { return encoded_ != 0; }
     bool HasChildren() override { return FirstChild() != nullptr; }
-    std::string_view NameView(std::string& storage) override;
-    std::string_view ValueView(std::string& storage) override;
-    zq::auto_com<INode> CreateNode() override;
+    NodeView View(NodeCopies& /*copies*/) override { return Look(); }
+    unsigned int ViewChildren(INode* last, NodeView* views, unsigned int room,
+                              NodeCopies& copies) override;
+    void AddText(std::string_view name, std::string_view text) override;
+    void AddNumber(std::string_view name, int value) override;
+    void AddEncoded(std::string_view name, std::string_view bytes) override;
+    zq::auto_com<INode> CreateNode(std::string_view name) override;
 
     /// Adds a last child and returns it, borrowed.
     Node* AddElement(std::string_view name, std::string_view text);
     void SetNameAndText(std::string_view name, std::string_view text);
     void SetText(std::string_view text);
-    void SetEncoded(bool encoded) { encoded_ = encoded; }
+    void SetEncoded(bool encoded) { encoded_ = encoded ? 1 : 0; }
 
  private:
     friend class ChildList;
 
-    std::string_view NameText() const;
+    std::string_view NameText() const {
+        return name_ == nullptr ? std::string_view() : name_->View();
+    }
     std::string_view Text() const { return {text_, textSize_}; }
+    NodeView Look() {
+        const std::string_view name = NameText();
+        return {this, name.data(), name.size(), text_, textSize_};
+    }
+    Node* NewLeaf(std::string_view name, std::size_t textSize, char** text);
+    const Name* StoredName(std::string_view name);
     ChildList* Children();
     Node* FirstChild() const { return children_ == nullptr ? nullptr : children_->first_; }
     Node* NextInSubtree(const Node* root) const;
@@ -86,8 +102,9 @@ class Node final : public INode {
     const Name* name_ = nullptr;  // null: empty
     const char* text_ = nullptr;
     std::uint32_t textSize_ = 0;
-    std::uint32_t references_;  // held by callers; the tree's own is parent_
-    bool encoded_ = false;
+    // Together, as nodes are what a tree's memory goes to.
+    std::uint32_t references_ : 31;  // held by callers; the tree's own is parent_
+    std::uint32_t encoded_ : 1;
 };
 
 }  // namespace ZQXML

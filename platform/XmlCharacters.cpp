@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <iterator>
 
-#include "platform/Utf8.h"
+#include "base/Utf8.h"
 
 namespace ZQXML {
 namespace {

@@ -1,6 +1,7 @@
 #ifndef QUAVERA_PLATFORM_XML_NODE_H_
 #define QUAVERA_PLATFORM_XML_NODE_H_
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -23,7 +24,7 @@ ZQ_API zq::auto_com<INode> CreateXmlNode();
 
 /// The direct children of a node in document order, owned by that node.
 /// A list has one position, so one walk at a time; it follows children added on the way.
-class INodeList {
+class ZQ_API INodeList {
  public:
     /// The first child, or null when there is none. Borrowed. Starts a walk.
     virtual INode* First() = 0;
@@ -37,6 +38,25 @@ class INodeList {
     virtual ~INodeList() = default;
 };
 
+/// What is seen of a node without a copy, as long as neither it nor what it was copied to changes.
+/// An array of these takes no initialisation.
+struct NodeView {
+    std::string_view Name() const { return {nameData, nameSize}; }
+    std::string_view Text() const { return {textData, textSize}; }
+
+    INode* node;
+    const char* nameData;
+    std::size_t nameSize;
+    const char* textData;
+    std::size_t textSize;
+};
+
+/// Where a node's name and text are copied to when they cannot be seen in place.
+struct NodeCopies {
+    std::string name;
+    std::string text;
+};
+
 /// One element of a tree.
 ///
 /// The first 15 operations make a complete node, in this order. The ones behind them have a body
@@ -45,7 +65,7 @@ class INodeList {
 ///
 /// A node lives as long as it has a parent or somebody holds a reference on it. Child pointers
 /// are borrowed: they are valid as long as the parent lives, and are not to be released.
-class INode {
+class ZQ_API INode {
  public:
     /// The element's name.
     virtual std::string GetName() = 0;
@@ -89,28 +109,29 @@ class INode {
 
     /// Takes one more reference, which keeps this node and its subtree usable after the rest of
     /// the tree has gone. The default body does nothing.
-    virtual void AddRef() {}
+    virtual void AddRef();
     /// Whether the element is marked as holding base64 text. The default body knows no marks.
-    virtual bool IsEncoded() { return false; }
+    virtual bool IsEncoded();
     /// Whether there is any child. The default body starts a walk of the list.
-    virtual bool HasChildren() {
-        INodeList* const children = GetChildren();
-        return children != nullptr && children->First() != nullptr;
-    }
-    /// `GetName` without a copy where that can be had: the view is valid until the node changes or
-    /// goes, or `storage`, which the default body copies the name to, changes.
-    virtual std::string_view NameView(std::string& storage) {
-        storage = GetName();
-        return storage;
-    }
-    /// `GetValue` likewise.
-    virtual std::string_view ValueView(std::string& storage) {
-        storage = GetValue();
-        return storage;
-    }
-    /// A new node, as from `CreateXmlNode`, that is meant to become part of this node's tree and
-    /// may share memory with it.
-    virtual zq::auto_com<INode> CreateNode() { return CreateXmlNode(); }
+    virtual bool HasChildren();
+    /// `GetName` and `GetValue` without copies where that can be had: the view is valid until the
+    /// node changes or goes, or `copies`, which the default body copies both to, changes.
+    virtual NodeView View(NodeCopies& copies);
+    /// A part of a walk over the children: up to `room` (at least one) of those behind `last`, or
+    /// from the first one on where that is null, as `View` shows them. Returns their number, 0 at
+    /// the end. `last` is the last child of the walk's part before. The default body walks the
+    /// list, child by child.
+    virtual unsigned int ViewChildren(INode* last, NodeView* views, unsigned int room,
+                                      NodeCopies& copies);
+    /// `AddChild` of a text, zero bytes included, with views in place of strings.
+    virtual void AddText(std::string_view name, std::string_view text);
+    /// `AddChild` of a number likewise.
+    virtual void AddNumber(std::string_view name, int value);
+    /// Adds a last child whose text is the base64 form of `bytes`, and marks it as encoded.
+    virtual void AddEncoded(std::string_view name, std::string_view bytes);
+    /// A new node of that name, without text, that is meant to become part of this node's tree and
+    /// may share memory with it. Like the result of `CreateXmlNode`, it is still to be appended.
+    virtual zq::auto_com<INode> CreateNode(std::string_view name);
 
  protected:
     INode() = default;

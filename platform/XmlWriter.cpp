@@ -1,9 +1,11 @@
+#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "platform/Utf8.h"
+#include "base/Utf8.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlText.h"
 
@@ -30,18 +32,48 @@ std::string_view Escape(char32_t code) {
     }
 }
 
-/// Whether a byte is a whole character that stands in a text as it is.
-bool IsPlain(char byte) {
-    const auto code = static_cast<unsigned char>(byte);
-    return code < 0x80 && Escape(code).empty();
+// What an ASCII character may be written as it is for. Nearly all are, so a look-up comes first.
+constexpr std::uint8_t kInText = 1;
+constexpr std::uint8_t kInName = 2;
+constexpr std::uint8_t kAtNameStart = 4;
+
+constexpr bool IsIn(char32_t code, char32_t first, char32_t last) {
+    return code >= first && code <= last;
+}
+
+constexpr std::array<std::uint8_t, 256> MakeUses() {
+    std::array<std::uint8_t, 256> uses{};
+    for (char32_t code = 0; code < 0x80; ++code) {
+        const bool isLetter =
+            IsIn(code, 'A', 'Z') || IsIn(code, 'a', 'z') || code == '_' || code == ':';
+        const bool isNameCharacter = isLetter || IsIn(code, '0', '9') || code == '-' || code == '.';
+        const bool isText = (code >= 0x20 && code != '&' && code != '<' && code != '>') ||
+                            code == '\t' || code == '\n';
+        uses[code] =
+            static_cast<std::uint8_t>((isText ? kInText : 0) | (isNameCharacter ? kInName : 0) |
+                                      (isLetter ? kAtNameStart : 0));
+    }
+    return uses;
+}
+
+constexpr std::array<std::uint8_t, 256> kUses = MakeUses();
+
+bool MayStand(char byte, std::uint8_t use) {
+    return (kUses[static_cast<unsigned char>(byte)] & use) != 0;
+}
+
+/// The number of characters that `text` begins with and that may be written as they are.
+std::size_t CountPlain(std::string_view text, std::uint8_t use) {
+    std::size_t count = 0;
+    while (count < text.size() && MayStand(text[count], use)) {
+        ++count;
+    }
+    return count;
 }
 
 void AppendText(std::string& out, std::string_view text) {
-    while (!text.empty()) {
-        std::size_t size = 0;
-        while (size < text.size() && IsPlain(text[size])) {
-            ++size;
-        }
+    for (;;) {
+        std::size_t size = CountPlain(text, kInText);
         out += text.substr(0, size);
         text.remove_prefix(size);
         if (text.empty()) {
@@ -60,7 +92,7 @@ bool FitsName(const zq::Utf8Character& character, bool isFirst) {
            (isFirst ? IsNameStart(character.code) : IsNameCharacter(character.code));
 }
 
-void AppendName(std::string& out, std::string_view name) {
+void AppendUnusualName(std::string& out, std::string_view name) {
     if (name.empty()) {
         out += '_';
     }
@@ -69,6 +101,15 @@ void AppendName(std::string& out, std::string_view name) {
         const std::size_t size = character.size == 0 ? 1 : character.size;
         out += FitsName(character, isFirst) ? name.substr(0, size) : "_";
         name.remove_prefix(size);
+    }
+}
+
+void AppendName(std::string& out, std::string_view name) {
+    if (!name.empty() && MayStand(name[0], kAtNameStart) &&
+        CountPlain(name, kInName) == name.size()) {
+        out += name;
+    } else {
+        AppendUnusualName(out, name);
     }
 }
 
@@ -114,12 +155,13 @@ class Writer {
     void Begin(INode* node) {
         out_ += '<';
         const std::size_t nameAt = out_.size();
-        AppendName(out_, node->NameView(storage_));
+        const NodeView view = node->View(copies_);
+        AppendName(out_, view.Name());
         const std::size_t nameSize = out_.size() - nameAt;
         if (node->IsEncoded()) {
             out_ += kEncodedMark;
         }
-        const std::string_view text = node->ValueView(storage_);
+        const std::string_view text = view.Text();
         const bool hasChildren = node->HasChildren();
         if (text.empty() && !hasChildren) {
             out_ += "/>";
@@ -151,7 +193,7 @@ class Writer {
 
     bool indent_;
     std::string out_;
-    std::string storage_;
+    NodeCopies copies_;
     std::vector<Element> open_;
 };
 

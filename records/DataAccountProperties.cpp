@@ -25,7 +25,7 @@ void DataAccountProperties::ToXML(ZQXML::INode* node, Quavera::Quavera2__Account
 }
 
 zq::auto_com<ZQXML::INode> DataAccountProperties::ToXML(Quavera::Quavera2__AccountMetaData* soap) {
-    return FilledElement<DataAccountProperties>("AccountProperties", soap);
+    return ElementWriter::Filled<DataAccountProperties>("AccountProperties", soap);
 }
 
 void DataAccountProperties::FromXML(ZQXML::INode* node) {

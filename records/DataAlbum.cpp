@@ -13,8 +13,8 @@ zq::auto_com<ZQXML::INode> DataAlbum::ToXML(Quavera::Quavera2__AlbumMetadata* so
     out.Plain("Copyright", soap->copyright);
     out.Plain("Label", soap->label);
     out.Each("NonDisplayableAlbumTypes", soap->nonDisplayableAlbumTypes);
-    out.Nested<DataArtistLite>(soap->primaryArtist);
-    out.Records<DataTrackInfo>("Tracks", soap->tracks);
+    out.Nested<DataArtistLite>("Artist", soap->primaryArtist);
+    out.Records<DataTrackInfo>("Tracks", "Track", soap->tracks);
     out.Plain("Upccode", soap->upccode);
     return node;
 }
@@ -43,6 +43,6 @@ std::string DataAlbum::ToString() {
     lines.Plain("primaryArtist", primaryArtist.ToString());
     lines.Records("Track ", tracks);
     lines.Plain("upccode", upccode);
-    lines.Text(DataAlbumLite::ToString());
+    DataAlbumLite::AddLines(lines);
     return lines.Take();
 }

@@ -69,7 +69,7 @@ void DataAlbumLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteAlbumMetada
 }
 
 zq::auto_com<ZQXML::INode> DataAlbumLite::ToXML(Quavera::Quavera2__LiteAlbumMetadata* soap) {
-    return FilledElement<DataAlbumLite>("Album", soap);
+    return ElementWriter::Filled<DataAlbumLite>("Album", soap);
 }
 
 zq::auto_com<ZQXML::INode> DataAlbumLite::ToXML() {
@@ -110,7 +110,10 @@ void DataAlbumLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataAlbumLite::ToString() {
-    TextLines lines;
+    return TextLines::Of(*this);
+}
+
+void DataAlbumLite::AddLines(TextLines& lines) {
     lines.Plain("albumArt162x162Url", albumArt162x162Url);
     lines.Plain("albumId", albumId);
     lines.Number("albumType", albumType);
@@ -124,5 +127,4 @@ std::string DataAlbumLite::ToString() {
     lines.Number("releaseYear", releaseYear);
     lines.Plain("shortcut", shortcut);
     lines.Each("  types", displayableAlbumTypes);
-    return lines.Take();
 }

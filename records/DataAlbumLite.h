@@ -8,6 +8,8 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
+class TextLines;
+
 namespace Quavera {
 class Quavera2__LiteAlbumMetadata;
 }
@@ -55,6 +57,12 @@ class QUAVERA_API DataAlbumLite : public QuavData {
     std::uint64_t reserved64;  // carried by copies only, and without a value until then
     std::string shortcut;
     std::vector<std::string> displayableAlbumTypes;
+
+ protected:
+    friend class TextLines;
+
+    /// Adds the lines of the log text to those of a record that holds this one.
+    void AddLines(TextLines& lines);
 };
 
 /// Whether the albums are of the same year; nothing else is compared.

@@ -1,6 +1,6 @@
 #include "records/DataAlbumReview.h"
 
-#include "common/QuaveraCommon.h"
+#include "common/TextConversion.h"
 #include "records/Fields.h"
 #include "soap/QuaveraStub.h"
 
@@ -30,7 +30,7 @@ void DataAlbumReview::ToXML(ZQXML::INode* node, Quavera::Quavera2__AlbumReviewMe
 }
 
 zq::auto_com<ZQXML::INode> DataAlbumReview::ToXML(Quavera::Quavera2__AlbumReviewMetadata* soap) {
-    return FilledElement<DataAlbumReview>("AlbumReview", soap);
+    return ElementWriter::Filled<DataAlbumReview>("AlbumReview", soap);
 }
 
 void DataAlbumReview::FromXML(ZQXML::INode* node) {

@@ -9,12 +9,12 @@ DataArtist::~DataArtist() = default;
 zq::auto_com<ZQXML::INode> DataArtist::ToXML(Quavera::Quavera2__ArtistMetadata* soap) {
     auto node = DataArtistLite::ToXML(soap);
     ElementWriter out(node.get());
-    out.Records<DataAlbumLite>("Albums", soap->albums);
-    out.Nested<DataStationLite>(soap->artistStation);
+    out.Records<DataAlbumLite>("Albums", "Album", soap->albums);
+    out.Nested<DataStationLite>("Station", soap->artistStation);
     out.Display("Bio", soap->bio);
     out.Display("BioAuthor", soap->bioAuthor);
     out.Display("Blurb", soap->blurb);
-    out.Records<DataGenreLite>("Genres", soap->genres);
+    out.Records<DataGenreLite>("Genres", "GenreLite", soap->genres);
     return node;
 }
 
@@ -39,6 +39,6 @@ std::string DataArtist::ToString() {
     lines.Display("bioAuthor", bioAuthor);
     lines.Display("blurb", blurb);
     lines.Records("Genres ", genres);
-    lines.Text(DataArtistLite::ToString());
+    DataArtistLite::AddLines(lines);
     return lines.Take();
 }

@@ -17,7 +17,7 @@ void DataArtistLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteArtistMeta
 }
 
 zq::auto_com<ZQXML::INode> DataArtistLite::ToXML(Quavera::Quavera2__LiteArtistMetadata* soap) {
-    return FilledElement<DataArtistLite>("Artist", soap);
+    return ElementWriter::Filled<DataArtistLite>("Artist", soap);
 }
 
 void DataArtistLite::FromXML(ZQXML::INode* node) {
@@ -29,9 +29,11 @@ void DataArtistLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataArtistLite::ToString() {
-    TextLines lines;
+    return TextLines::Of(*this);
+}
+
+void DataArtistLite::AddLines(TextLines& lines) {
     lines.Plain("artistId", artistId);
     lines.Display("name", name);
     lines.Plain("shortcut", shortcut);
-    return lines.Take();
 }

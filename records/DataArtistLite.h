@@ -6,6 +6,8 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
+class TextLines;
+
 namespace Quavera {
 class Quavera2__LiteArtistMetadata;
 }
@@ -31,6 +33,12 @@ class QUAVERA_API DataArtistLite : public QuavData {
     std::string artistId;
     std::wstring name;
     std::string shortcut;
+
+ protected:
+    friend class TextLines;
+
+    /// Adds the lines of the log text to those of a record that holds this one.
+    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_ARTIST_LITE_H_

@@ -14,7 +14,7 @@ zq::auto_com<ZQXML::INode> DataGenre::ToXML(Quavera::Quavera2__GenreMetadata* so
     out.Plain("GenreId", soap->genreId);
     out.Display("Name", soap->name);
     out.NumberUnlessZero("SubGenreCount", soap->subGenreCount);
-    out.RecordsAlways<DataGenreLite>("ChildGenres", soap->childGenres);
+    out.RecordsAlways<DataGenreLite>("ChildGenres", "GenreLite", soap->childGenres);
     out.Display("Description", soap->description);
     if (soap->primaryParentGenre != nullptr) {
         out.Plain("PrimaryParentGenreId", soap->primaryParentGenre->genreId);
@@ -24,7 +24,7 @@ zq::auto_com<ZQXML::INode> DataGenre::ToXML(Quavera::Quavera2__GenreMetadata* so
             out.String("ParentGenreCount", &count);
         }
     }
-    out.RecordsAlways<DataGenreLite>("ParentGenres", soap->parentGenres);
+    out.RecordsAlways<DataGenreLite>("ParentGenres", "GenreLite", soap->parentGenres);
     return node;
 }
 

@@ -7,12 +7,14 @@ DataGenreLite::DataGenreLite() = default;
 DataGenreLite::~DataGenreLite() = default;
 
 zq::auto_com<ZQXML::INode> DataGenreLite::ToXML(Quavera::Quavera2__LiteGenreMetadata* soap) {
-    auto node = NewElement("GenreLite");
-    ElementWriter out(node.get());
+    return ElementWriter::Filled<DataGenreLite>("GenreLite", soap);
+}
+
+void DataGenreLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteGenreMetadata* soap) {
+    ElementWriter out(node);
     out.Plain("GenreId", soap->genreId);
     out.Display("Name", soap->name);
     out.NumberUnlessZero("SubCount", soap->subCount);
-    return node;
 }
 
 void DataGenreLite::FromXML(ZQXML::INode* node) {
@@ -24,9 +26,11 @@ void DataGenreLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataGenreLite::ToString() {
-    TextLines lines;
+    return TextLines::Of(*this);
+}
+
+void DataGenreLite::AddLines(TextLines& lines) {
     lines.Plain("genreId", genreId);
     lines.Display("name", name);
     lines.Number("subCount", subCount);
-    return lines.Take();
 }

@@ -6,6 +6,9 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
+class ElementWriter;
+class TextLines;
+
 namespace Quavera {
 class Quavera2__LiteGenreMetadata;
 }
@@ -30,6 +33,14 @@ class QUAVERA_API DataGenreLite : public QuavData {
     std::string genreId;
     std::wstring name;
     int subCount = 0;
+
+ private:
+    friend class ElementWriter;
+    friend class TextLines;
+
+    static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteGenreMetadata* soap);
+    /// Adds the lines of the log text to those of a record that holds this one.
+    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_GENRE_LITE_H_

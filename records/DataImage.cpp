@@ -17,7 +17,7 @@ void DataImage::ToXML(ZQXML::INode* node, Quavera::Quavera2__ImageMetadata* soap
 }
 
 zq::auto_com<ZQXML::INode> DataImage::ToXML(Quavera::Quavera2__ImageMetadata* soap) {
-    return FilledElement<DataImage>("Image", soap);
+    return ElementWriter::Filled<DataImage>("Image", soap);
 }
 
 void DataImage::FromXML(ZQXML::INode* node) {

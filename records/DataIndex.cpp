@@ -1,6 +1,6 @@
 #include "records/DataIndex.h"
 
-#include "common/QuaveraCommon.h"
+#include "common/TextConversion.h"
 #include "records/Fields.h"
 #include "soap/QuaveraStub.h"
 
@@ -21,7 +21,7 @@ void DataIndex::ToXML(ZQXML::INode* node, Quavera::Quavera2__AlphaIndexPosition*
 }
 
 zq::auto_com<ZQXML::INode> DataIndex::ToXML(Quavera::Quavera2__AlphaIndexPosition* soap) {
-    return FilledElement<DataIndex>("Index", soap);
+    return ElementWriter::Filled<DataIndex>("Index", soap);
 }
 
 void DataIndex::FromXML(ZQXML::INode* node) {

@@ -18,7 +18,7 @@ void DataLibraryModificationResult::ToXML(ZQXML::INode* node,
 
 zq::auto_com<ZQXML::INode> DataLibraryModificationResult::ToXML(
     Quavera::Quavera2__LibraryModificationResult* soap) {
-    return FilledElement<DataLibraryModificationResult>("LibraryModification", soap);
+    return ElementWriter::Filled<DataLibraryModificationResult>("LibraryModification", soap);
 }
 
 void DataLibraryModificationResult::FromXML(ZQXML::INode* node) {

@@ -10,9 +10,9 @@ zq::auto_com<ZQXML::INode> DataMemberLibrary::ToXML(Quavera::Quavera2__MemberLib
     auto node = NewElement("MemberLibrary");
     DataMemberLibraryLite::ToXML(node.get(), soap);
     ElementWriter out(node.get());
-    out.Records<DataTrackInfo>("Tracks", soap->tracks);
-    out.Records<DataPlaylistLite>("Playlists", soap->playlists);
-    out.Records<DataStationLite>("Stations", soap->stations);
+    out.Records<DataTrackInfo>("Tracks", "Track", soap->tracks);
+    out.Records<DataPlaylistLite>("Playlists", "Playlist", soap->playlists);
+    out.Records<DataStationLite>("Stations", "Station", soap->stations);
     return node;
 }
 

@@ -14,7 +14,7 @@ void DataMemberLibraryLite::ToXML(ZQXML::INode* node, Quavera::Quavera5__LiteMem
 
 zq::auto_com<ZQXML::INode> DataMemberLibraryLite::ToXML(
     Quavera::Quavera5__LiteMemberLibrary* soap) {
-    return FilledElement<DataMemberLibraryLite>("MemberLibraryLite", soap);
+    return ElementWriter::Filled<DataMemberLibraryLite>("MemberLibraryLite", soap);
 }
 
 void DataMemberLibraryLite::FromXML(ZQXML::INode* node) {

@@ -9,7 +9,7 @@ DataPlaylist::~DataPlaylist() = default;
 zq::auto_com<ZQXML::INode> DataPlaylist::ToXML(Quavera::Quavera2__PlaylistMetadata* soap) {
     auto node = DataPlaylistLite::ToXML(soap);
     ElementWriter out(node.get());
-    out.Records<DataTrackInfo>("Tracks", soap->tracks);
+    out.Records<DataTrackInfo>("Tracks", "Track", soap->tracks);
     return node;
 }
 
@@ -23,6 +23,6 @@ void DataPlaylist::FromXML(ZQXML::INode* node) {
 std::string DataPlaylist::ToString() {
     TextLines lines;
     lines.Records("Track ", tracks);
-    lines.Text(DataPlaylistLite::ToString());
+    DataPlaylistLite::AddLines(lines);
     return lines.Take();
 }

@@ -16,7 +16,7 @@ void DataPlaylistLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LitePlaylist
 }
 
 zq::auto_com<ZQXML::INode> DataPlaylistLite::ToXML(Quavera::Quavera2__LitePlaylistMetadata* soap) {
-    return FilledElement<DataPlaylistLite>("Playlist", soap);
+    return ElementWriter::Filled<DataPlaylistLite>("Playlist", soap);
 }
 
 void DataPlaylistLite::FromXML(ZQXML::INode* node) {
@@ -30,11 +30,13 @@ void DataPlaylistLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataPlaylistLite::ToString() {
-    TextLines lines;
+    return TextLines::Of(*this);
+}
+
+void DataPlaylistLite::AddLines(TextLines& lines) {
     lines.Plain("createdDate", createdDate);
     lines.Plain("lastModifiedDate", lastModifiedDate);
     lines.Plain("name", name);
     lines.Plain("playlistId", playlistId);
     lines.Plain("type", type);
-    return lines.Take();
 }

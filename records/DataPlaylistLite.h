@@ -6,6 +6,8 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
+class TextLines;
+
 namespace Quavera {
 class Quavera2__LitePlaylistMetadata;
 }
@@ -34,6 +36,12 @@ class QUAVERA_API DataPlaylistLite : public QuavData {
     std::string name;              // UTF-8, as received
     std::string playlistId;
     std::string type;
+
+ protected:
+    friend class TextLines;
+
+    /// Adds the lines of the log text to those of a record that holds this one.
+    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_PLAYLIST_LITE_H_

@@ -15,7 +15,7 @@ void DataStationLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteStationMe
 }
 
 zq::auto_com<ZQXML::INode> DataStationLite::ToXML(Quavera::Quavera2__LiteStationMetadata* soap) {
-    return FilledElement<DataStationLite>("Station", soap);
+    return ElementWriter::Filled<DataStationLite>("Station", soap);
 }
 
 void DataStationLite::FromXML(ZQXML::INode* node) {
@@ -28,10 +28,12 @@ void DataStationLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataStationLite::ToString() {
-    TextLines lines;
+    return TextLines::Of(*this);
+}
+
+void DataStationLite::AddLines(TextLines& lines) {
     lines.Display("name", name);
     lines.Plain("stationId", stationId);
     lines.Plain("type", type);
     lines.Flag("freeStation", freeStation);
-    return lines.Take();
 }

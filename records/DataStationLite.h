@@ -7,6 +7,8 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
+class TextLines;
+
 namespace Quavera {
 class Quavera2__LiteStationMetadata;
 }
@@ -35,6 +37,12 @@ class QUAVERA_API DataStationLite : public QuavData {
     std::string stationId;
     std::string type;
     bool freeStation = false;  // can be played free of charge
+
+ private:
+    friend class TextLines;
+
+    /// Adds the lines of the log text to those of a record that holds this one.
+    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_STATION_LITE_H_

@@ -20,6 +20,8 @@ DataTrackInfo::DataTrackInfo() {
     trackId.reserve(kTypicalIdentifier);
 }
 
+DataTrackInfo::DataTrackInfo(ListItem /*key*/) {}
+
 DataTrackInfo::DataTrackInfo(const DataTrackInfo&) = default;
 DataTrackInfo::DataTrackInfo(DataTrackInfo&&) noexcept = default;
 DataTrackInfo& DataTrackInfo::operator=(const DataTrackInfo&) = default;
@@ -27,8 +29,11 @@ DataTrackInfo& DataTrackInfo::operator=(DataTrackInfo&&) noexcept = default;
 DataTrackInfo::~DataTrackInfo() = default;
 
 zq::auto_com<ZQXML::INode> DataTrackInfo::ToXML(Quavera::Quavera2__LiteTrackMetadata* soap) {
-    auto node = NewElement("Track");
-    ElementWriter out(node.get());
+    return ElementWriter::Filled<DataTrackInfo>("Track", soap);
+}
+
+void DataTrackInfo::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetadata* soap) {
+    ElementWriter out(node);
     out.Plain("AlbumId", soap->albumId);
     out.Plain("ArtistId", soap->artistId);
     out.Number("DiscIndex", soap->discIndex);
@@ -40,7 +45,6 @@ zq::auto_com<ZQXML::INode> DataTrackInfo::ToXML(Quavera::Quavera2__LiteTrackMeta
     out.Number("RightFlags", soap->rightFlags);
     out.Plain("TrackId", soap->trackId);
     out.Number("TrackIndex", soap->trackIndex);
-    return node;
 }
 
 void DataTrackInfo::FromXML(ZQXML::INode* node) {
@@ -61,7 +65,10 @@ void DataTrackInfo::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataTrackInfo::ToString() {
-    TextLines lines;
+    return TextLines::Of(*this);
+}
+
+void DataTrackInfo::AddLines(TextLines& lines) {
     lines.Plain("AlbumId", albumId);
     lines.Plain("AlbumId", albumId);  // printed twice: log readers rely on it
     lines.Plain("ArtistId", artistId);
@@ -73,5 +80,4 @@ std::string DataTrackInfo::ToString() {
     lines.Plain("TrackId", trackId);
     lines.Number("TrackIndex", trackIndex);
     lines.Plain("UserData", userData);
-    return lines.Take();
 }

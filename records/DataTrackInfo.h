@@ -6,6 +6,9 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
+class ElementWriter;
+class TextLines;
+
 namespace Quavera {
 class Quavera2__LiteTrackMetadata;
 }
@@ -20,6 +23,8 @@ class QUAVERA_API DataTrackInfo : public QuavData {
  public:
     /// Reserves room for typical identifiers and display names.
     DataTrackInfo();
+    /// An item of a list, without room that the copy which a list used to hold would not have.
+    explicit DataTrackInfo(ListItem);
     DataTrackInfo(const DataTrackInfo&);
     DataTrackInfo(DataTrackInfo&&) noexcept;
     DataTrackInfo& operator=(const DataTrackInfo&);
@@ -43,6 +48,14 @@ class QUAVERA_API DataTrackInfo : public QuavData {
     std::string trackId;
     int trackIndex = 0;    // position of the track on its disc
     std::string userData;  // free text that a caller puts into the tree
+
+ private:
+    friend class ElementWriter;
+    friend class TextLines;
+
+    static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetadata* soap);
+    /// Adds the lines of the log text to those of a record that holds this one.
+    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_TRACK_INFO_H_

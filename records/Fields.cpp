@@ -1,31 +1,24 @@
 #include "records/Fields.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "common/DirectText.h"
 #include "common/PlatformExtras.h"
-#include "common/QuaveraCommon.h"
+#include "common/TextConversion.h"
 
-void ElementWriter::Plain(std::string_view name, const std::string* text) {
-    if (text != nullptr) {
-        element_->AddChild(std::string(name), text->c_str());
-    }
+namespace {
+
+constexpr std::string_view kEquals = " = ";
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::size_t kLargestUtf8 = 4;  // bytes of a character
+
+/// Writes `text` at `to`; the place behind it.
+char* Put(std::string_view text, char* to) {
+    return zq::CopyText(text, to);
 }
 
-void ElementWriter::String(std::string_view name, const std::string* text) {
-    if (text != nullptr) {
-        element_->AddChild(std::string(name), *text);
-    }
-}
-
-void ElementWriter::Display(std::string_view name, std::string* text) {
-    if (text != nullptr) {
-        element_->AddChildEncoded(std::string(name), base64EncodeString(text));
-    }
-}
-
-void ElementWriter::Number(std::string_view name, const int* value) {
-    if (value != nullptr) {
-        element_->AddChild(std::string(name), *value);
-    }
-}
+}  // namespace
 
 void ElementWriter::Unsigned(std::string_view name, const unsigned long* value) {
     if (value != nullptr) {
@@ -63,99 +56,52 @@ void ElementWriter::ValuesUnlessEmpty(std::string_view name,
     element_->AppendChild(list.get());
 }
 
-zq::auto_com<ZQXML::INode> ElementWriter::NewChild(std::string_view name) {
-    auto child = CreateNodeFor(element_);
-    child->Initialize(std::string(name), "");
-    return child;
-}
-
-ChildReader::ChildReader(ZQXML::INode* element)
-    : children_(element == nullptr ? nullptr : element->GetChildren()) {}
-
-bool ChildReader::Next() {
-    if (children_ == nullptr) {
-        return false;
+std::size_t ChildReader::CountChildren() {
+    std::size_t count = 0;
+    for (ChildReader item(Child()); item.Next();) {
+        ++count;
     }
-    child_ = isStarted_ ? children_->Next() : children_->First();
-    isStarted_ = true;
-    if (child_ == nullptr) {
-        return false;
-    }
-    isTaken_ = false;
-    name_ = NameOf(child_, nameStorage_);
-    return true;
-}
-
-bool ChildReader::Next(std::string_view name) {
-    while (Next()) {
-        if (Takes(name)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool ChildReader::Takes(std::string_view name) {
-    if (isTaken_ || name != name_) {
-        return false;
-    }
-    isTaken_ = true;
-    return true;
-}
-
-void ChildReader::Plain(std::string_view name, std::string& field) {
-    if (Takes(name)) {
-        field = child_->GetValue();
-    }
-}
-
-void ChildReader::Display(std::string_view name, std::wstring& field) {
-    if (Takes(name)) {
-        field = DecodeAndConvertFromUtf8(child_->GetValue());
-    }
-}
-
-void ChildReader::Number(std::string_view name, int& field) {
-    if (Takes(name)) {
-        field = child_->GetValueInt();
-    }
-}
-
-void ChildReader::Flag(std::string_view name, bool& field) {
-    if (Takes(name) && child_->GetValue() == TRUE_STRING) {
-        field = true;
-    }
+    return count;
 }
 
 void ChildReader::Values(std::string_view name, std::vector<std::string>& field) {
     if (Takes(name)) {
-        for (ChildReader value(child_); value.Next();) {
-            field.push_back(value.Child()->GetValue());
+        for (ChildReader value(Child()); value.Next();) {
+            field.emplace_back(value.Text());
         }
     }
 }
 
 void ChildReader::Each(std::string_view name, std::vector<std::string>& field) {
     if (Takes(name)) {
-        field.push_back(child_->GetValue());
+        field.emplace_back(Text());
     }
 }
 
 void TextLines::Plain(std::string_view label, std::string_view text) {
-    Text(label);
-    Line(" = ", text);
+    char* const at = Room(label.size() + kEquals.size() + text.size() + kLineEnd.size());
+    Put(kLineEnd, Put(text, Put(kEquals, Put(label, at))));
 }
 
 void TextLines::Display(std::string_view label, const std::wstring& text) {
-    Plain(label, convertToUtf8(text));
+    const std::size_t start = size_;
+    char* at = Room(label.size() + kEquals.size() + text.size() * kLargestUtf8 + kLineEnd.size());
+    at = Put(kEquals, Put(label, at));
+    const std::size_t size = NarrowDirectly(text, at);
+    if (size == kUnusualText) {
+        size_ = start;
+        Plain(label, convertToUtf8(text));
+        return;
+    }
+    size_ = static_cast<std::size_t>(Put(kLineEnd, at + size) - buffer_.data());
 }
 
 void TextLines::Number(std::string_view label, int value) {
-    Plain(label, zq::ToString(value));
+    Plain(label, extras::Decimal(value).View());
 }
 
 void TextLines::Unsigned(std::string_view label, unsigned long value) {
-    Plain(label, zq::ToString(value));
+    Plain(label, extras::Decimal(value).View());
 }
 
 void TextLines::Flag(std::string_view label, bool value) {
@@ -178,7 +124,32 @@ void TextLines::Unbroken(std::string_view prefix, const std::vector<std::string>
 void TextLines::Line(std::string_view label, std::string_view text) {
     Text(label);
     Text(text);
-    Text("\r\n");
+    Text(kLineEnd);
+}
+
+void TextLines::Text(std::string_view text) {
+    Put(text, Room(text.size()));
+}
+
+std::string TextLines::Take() {
+    buffer_.resize(size_);
+    return std::move(buffer_);
+}
+
+char* TextLines::Room(std::size_t size) {
+    if (buffer_.size() - size_ < size) {
+        buffer_.resize(std::max(size_ + size, 2 * buffer_.size()));
+    }
+    char* const start = &buffer_[size_];
+    size_ += size;
+    return start;
+}
+
+void TextLines::ExpectMore(std::size_t size) {
+    const std::size_t room = size_ + size + size / 4;
+    if (room > buffer_.size()) {
+        buffer_.resize(room);
+    }
 }
 
 bool IsNamed(ZQXML::INode* node, const std::string& name) {
@@ -189,8 +160,8 @@ ZQXML::INode* FindChild(ZQXML::INode* node, const std::string& name) {
     return node == nullptr ? nullptr : node->FindChild(name);
 }
 
-zq::auto_com<ZQXML::INode> NewElement(const std::string& name) {
+zq::auto_com<ZQXML::INode> NewElement(std::string_view name) {
     auto element = ZQXML::CreateXmlNode();
-    element->Initialize(name, "");
+    element->Initialize(std::string(name), "");
     return element;
 }

@@ -4,10 +4,14 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <type_traits>
 #include <vector>
 
+#include "base/SmallText.h"
+#include "common/DirectText.h"
+#include "common/PlatformExtras.h"
 #include "platform/zqshared.h"
+#include "records/QuavData.h"
 
 /// The verbs that the records are written with. A record's three directions are blocks of rows, one
 /// for each element or line, and a verb names the form that the row's value takes:
@@ -24,6 +28,9 @@
 /// | Values   | vector of texts     | an element with a "Value" for each |              |
 /// | Each     | vector of texts     | an element for each                | a line each  |
 
+/// A new element of that name, without text.
+zq::auto_com<ZQXML::INode> NewElement(std::string_view name);
+
 /// Adds the members of a SOAP record to an element, in the order of the calls. A member that is
 /// null is left out, and so is a null item of a list. A wrapper is what a SOAP record holds for a
 /// repeated element: `items` and their `count`.
@@ -31,11 +38,35 @@ class ElementWriter {
  public:
     explicit ElementWriter(ZQXML::INode* element) : element_(element) {}
 
-    void Plain(std::string_view name, const std::string* text);
+    /// A new element of that name, with what `Record` writes of a SOAP record.
+    template <class Record, class Soap>
+    static zq::auto_com<ZQXML::INode> Filled(std::string_view name, Soap* soap) {
+        auto element = NewElement(name);
+        Record::ToXML(element.get(), soap);
+        return element;
+    }
+
+    void Plain(std::string_view name, const std::string* text) {
+        if (text != nullptr) {
+            extras::AddCString(element_, name, text->c_str());
+        }
+    }
     /// Plain, by the node's other operation for texts.
-    void String(std::string_view name, const std::string* text);
-    void Display(std::string_view name, std::string* text);
-    void Number(std::string_view name, const int* value);
+    void String(std::string_view name, const std::string* text) {
+        if (text != nullptr) {
+            extras::AddString(element_, name, *text);
+        }
+    }
+    void Display(std::string_view name, std::string* text) {
+        if (text != nullptr) {
+            extras::AddEncoded(element_, name, *text);
+        }
+    }
+    void Number(std::string_view name, const int* value) {
+        if (value != nullptr) {
+            extras::AddNumber(element_, name, *value);
+        }
+    }
     void Unsigned(std::string_view name, const unsigned long* value);
     void Flag(std::string_view name, const bool* value);
 
@@ -52,28 +83,31 @@ class ElementWriter {
         }
     }
 
-    /// The element that `Item` makes of a SOAP record.
+    /// An element of that name, with what `Item` writes of a SOAP record.
     template <class Item, class Soap>
-    void Nested(Soap* soap) {
+    void Nested(std::string_view name, Soap* soap) {
         if (soap != nullptr) {
-            element_->AppendChild(Item::ToXML(soap).get());
+            const auto child = NewChild(name);
+            Item::ToXML(child.get(), soap);
+            element_->AppendChild(child.get());
         }
     }
 
-    /// An element with those of the wrapper's records; without items it is empty.
+    /// An element with one, named `itemName`, for each of the wrapper's records; without items it
+    /// is empty.
     template <class Item, class Wrapper>
-    void Records(std::string_view name, const Wrapper* wrapper) {
+    void Records(std::string_view name, std::string_view itemName, const Wrapper* wrapper) {
         if (wrapper != nullptr) {
-            RecordsAlways<Item>(name, wrapper);
+            RecordsAlways<Item>(name, itemName, wrapper);
         }
     }
 
     /// The same, but a null wrapper gives an empty element too.
     template <class Item, class Wrapper>
-    void RecordsAlways(std::string_view name, const Wrapper* wrapper) {
+    void RecordsAlways(std::string_view name, std::string_view itemName, const Wrapper* wrapper) {
         const auto list = NewChild(name);
         for (int at = 0; wrapper != nullptr && at < wrapper->count; ++at) {
-            ElementWriter(list.get()).Nested<Item>(wrapper->items[at]);
+            ElementWriter(list.get()).Nested<Item>(itemName, wrapper->items[at]);
         }
         element_->AppendChild(list.get());
     }
@@ -101,46 +135,92 @@ class ElementWriter {
 
  private:
     /// A new element that is still to be appended.
-    zq::auto_com<ZQXML::INode> NewChild(std::string_view name);
+    zq::auto_com<ZQXML::INode> NewChild(std::string_view name) {
+        return extras::CreateNodeFor(element_, name);
+    }
 
     ZQXML::INode* element_;
 };
 
 /// Walks the children of an element. For each child the rows are tried in order, and the first one
 /// of its name takes it.
+///
+/// Children mostly come in the order of the rows. So the row behind one that took a child is tried
+/// on the next child at once, and a pass over the rows may take many; a child that came up on the
+/// way and found no row still meets all of them in a pass of its own.
 class ChildReader {
  public:
     /// `element` may be null, and then has no children.
-    explicit ChildReader(ZQXML::INode* element);
+    explicit ChildReader(ZQXML::INode* element) : walk_(element) {}
 
-    /// Goes to the next child, the first one at first; false at the end.
-    bool Next();
+    /// Begins a pass over the rows, with the next child that they have not taken; false at the end.
+    bool Next() {
+        if (state_ == kNotTried) {
+            state_ = kFree;
+            return true;
+        }
+        return Advance(kFree);
+    }
     /// Goes to the next child of that name.
-    bool Next(std::string_view name);
+    bool Next(std::string_view name) {
+        while (Next()) {
+            if (Takes(name)) {
+                return true;
+            }
+        }
+        return false;
+    }
 
-    /// The child, borrowed.
-    ZQXML::INode* Child() const { return child_; }
-    /// Whether the child has that name and no row has taken it yet. Then this one has.
-    bool Takes(std::string_view name);
+    /// The child that the last row took, borrowed; without rows, that of the pass.
+    ZQXML::INode* Child() const { return walk_.Node(); }
+    /// Its text, borrowed until the next row.
+    std::string_view Text() { return walk_.Text(); }
+    /// Whether the next child that no row has taken yet has that name. Then this row takes it.
+    bool Takes(std::string_view name) {
+        if (state_ == kTaken) {
+            Advance(kNotTried);
+        }
+        if (state_ == kAtEnd || !zq::IsSameText(name, walk_.Name())) {
+            return false;
+        }
+        state_ = kTaken;
+        return true;
+    }
 
-    void Plain(std::string_view name, std::string& field);
-    void Display(std::string_view name, std::wstring& field);
-    void Number(std::string_view name, int& field);
+    void Plain(std::string_view name, std::string& field) {
+        if (Takes(name)) {
+            field = Text();
+        }
+    }
+    void Display(std::string_view name, std::wstring& field) {
+        if (Takes(name)) {
+            field = DecodeDisplayText(Text());
+        }
+    }
+    void Number(std::string_view name, int& field) {
+        if (Takes(name)) {
+            field = Child()->GetValueInt();
+        }
+    }
     /// Sets the flag if the text is that of a true one; no text ever clears it.
-    void Flag(std::string_view name, bool& field);
+    void Flag(std::string_view name, bool& field) {
+        if (Takes(name) && Text() == TRUE_STRING) {
+            field = true;
+        }
+    }
 
     /// A number of 32 bits; a wider field gets zeros in front of it.
     template <class Integer>
     void Unsigned(std::string_view name, Integer& field) {
         if (Takes(name)) {
-            field = static_cast<std::uint32_t>(child_->GetValueInt());
+            field = static_cast<std::uint32_t>(Child()->GetValueInt());
         }
     }
 
     template <class Item>
     void Nested(std::string_view name, Item& field) {
         if (Takes(name)) {
-            field.FromXML(child_);
+            field.FromXML(Child());
         }
     }
 
@@ -148,7 +228,8 @@ class ChildReader {
     template <class Item>
     void Records(std::string_view name, std::vector<Item>& field) {
         if (Takes(name)) {
-            for (ChildReader item(child_); item.Next();) {
+            Reserve(field);
+            for (ChildReader item(Child()); item.Next();) {
                 item.AppendTo(field);
             }
         }
@@ -158,7 +239,7 @@ class ChildReader {
     template <class Item>
     void RecordsNamed(std::string_view name, std::string_view itemName, std::vector<Item>& field) {
         if (Takes(name)) {
-            for (ChildReader item(child_); item.Next(itemName);) {
+            for (ChildReader item(Child()); item.Next(itemName);) {
                 item.AppendTo(field);
             }
         }
@@ -170,24 +251,56 @@ class ChildReader {
     void Each(std::string_view name, std::vector<std::string>& field);
 
  private:
+    /// Room for an item for each child of this one, in a list that is empty: one that grows more
+    /// than once grows best by itself.
     template <class Item>
-    void AppendTo(std::vector<Item>& field) {
-        Item item;
-        item.FromXML(child_);
-        field.push_back(item);
+    void Reserve(std::vector<Item>& field) {
+        if (field.empty()) {
+            field.reserve(CountChildren());
+        }
     }
 
-    ZQXML::INodeList* children_;
-    ZQXML::INode* child_ = nullptr;
-    bool isStarted_ = false;
-    bool isTaken_ = false;
-    std::string nameStorage_;
-    std::string_view name_;
+    template <class Item>
+    void AppendTo(std::vector<Item>& field) {
+        if constexpr (std::is_constructible_v<Item, ListItem>) {
+            field.emplace_back(ListItem());
+        } else {
+            field.emplace_back();
+        }
+        field.back().FromXML(Child());
+    }
+
+    std::size_t CountChildren();
+
+    /// What the rows have done with the child.
+    enum State {
+        kFree,      // it came up at the beginning of a pass, and no row has taken it yet
+        kNotTried,  // nor this one, which came up within a pass: the rows ahead do not know it
+        kTaken,
+        kAtEnd,  // there is none
+    };
+
+    bool Advance(State state) {
+        const bool isThere = walk_.Next();
+        state_ = isThere ? state : kAtEnd;
+        return isThere;
+    }
+
+    extras::ChildWalk walk_;
+    State state_ = kFree;
 };
 
 /// Collects the lines of a log text: "label = value\r\n".
 class TextLines {
  public:
+    /// The lines of a record.
+    template <class Record>
+    static std::string Of(Record& record) {
+        TextLines lines;
+        record.AddLines(lines);
+        return lines.Take();
+    }
+
     void Plain(std::string_view label, std::string_view text);
     void Display(std::string_view label, const std::wstring& text);
     void Number(std::string_view label, int value);
@@ -201,21 +314,32 @@ class TextLines {
     /// The items' own texts, each right behind the prefix.
     template <class Item>
     void Records(std::string_view prefix, std::vector<Item>& items) {
+        const std::size_t start = size_;
         for (Item& item : items) {
             Text(prefix);
-            Text(item.ToString());
+            item.AddLines(*this);
+            if (&item == &items.front()) {
+                ExpectMore(items.size() * (size_ - start));
+            }
         }
     }
 
     /// A line with a label that differs from the others' form.
     void Line(std::string_view label, std::string_view text);
     /// A text without label and line end.
-    void Text(std::string_view text) { text_ += text; }
+    void Text(std::string_view text);
 
-    std::string Take() { return std::move(text_); }
+    std::string Take();
 
  private:
-    std::string text_;
+    /// Room for that many more bytes; where they begin.
+    char* Room(std::size_t size);
+    /// Makes room, and some more, for about that many more bytes.
+    void ExpectMore(std::size_t size);
+
+    // Longer than the text by some room, so that pieces are written without a call each.
+    std::string buffer_;
+    std::size_t size_ = 0;
 };
 
 /// Whether `node` is an element of that name; a null one is not.
@@ -223,16 +347,5 @@ bool IsNamed(ZQXML::INode* node, const std::string& name);
 
 /// The first child of that name; null where there is none, or no node.
 ZQXML::INode* FindChild(ZQXML::INode* node, const std::string& name);
-
-/// A new element of that name, without text.
-zq::auto_com<ZQXML::INode> NewElement(const std::string& name);
-
-/// A new element of that name, filled by `Record`'s writer into a given node.
-template <class Record, class Soap>
-zq::auto_com<ZQXML::INode> FilledElement(const std::string& name, Soap* soap) {
-    auto element = NewElement(name);
-    Record::ToXML(element.get(), soap);
-    return element;
-}
 
 #endif  // QUAVERA_RECORDS_FIELDS_H_

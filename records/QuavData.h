@@ -9,6 +9,12 @@ namespace ZQXML {
 class INode;
 }
 
+/// The key to constructors for items of lists, which only the library's own reader makes.
+class ListItem {
+    friend class ChildReader;
+    ListItem() {}  // NOLINT(modernize-use-equals-default): else `{}` would make one
+};
+
 /// The base of the records, one class for each kind of record that the service returns.
 ///
 /// A record is a plain value. It turns the service's SOAP record into a tree of elements (a static

@@ -460,7 +460,7 @@ TEST(Conversions, AreReentrant) {
             // a fault as well, so that both ways through the conversions are taken.
             const std::size_t size = static_cast<std::size_t>(number) + 1;
             const std::string digits(size, static_cast<char>('0' + number));
-            const std::wstring wideDigits(size, static_cast<wchar_t>(L'0' + number));
+            const std::wstring wideDigits(digits.begin(), digits.end());
             const std::string utf8 = digits + "\xC3\xA9";
             const std::wstring wide = wideDigits + L'\u00E9';
             for (int repeat = 0; repeat < 300; ++repeat) {

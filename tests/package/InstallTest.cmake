@@ -4,24 +4,10 @@
 
 cmake_minimum_required(VERSION 3.25)
 
-separate_arguments(emulator UNIX_COMMAND "${EMULATOR}")
-separate_arguments(flags UNIX_COMMAND "${CXX_FLAGS}")
+include("${CMAKE_CURRENT_LIST_DIR}/PackageTesting.cmake")
+
 set(prefix "${WORK_DIR}/moved/to here")
 set(include_dir "${prefix}/${INCLUDEDIR}/quavera")
-unset(ENV{DESTDIR})
-
-function(fail)
-    message(SEND_ERROR ${ARGN})
-endfunction()
-
-# run(<what> <command>...): the command's output in `output`; a failure shows it.
-macro(run what)
-    execute_process(COMMAND ${ARGN}
-        RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
-    if(NOT status EQUAL 0)
-        fail("${what}: ${status}\n${output}\n${errors}")
-    endif()
-endmacro()
 
 # --- install and move
 
@@ -52,52 +38,24 @@ endif()
 
 file(GLOB_RECURSE texts LIST_DIRECTORIES FALSE
     "${prefix}/*.h" "${prefix}/*.cmake" "${prefix}/*.pc" "${prefix}/share/*")
-foreach(text IN LISTS texts)
-    file(READ "${text}" contents)
-    foreach(folder IN ITEMS "${SOURCE_DIR}" "${BUILD_DIR}" "${WORK_DIR}")
-        string(FIND "${contents}" "${folder}" position)
-        if(NOT position EQUAL -1)
-            fail("${text} names ${folder}")
-        endif()
-    endforeach()
-endforeach()
+names_none_of("${SOURCE_DIR}" "${BUILD_DIR}" "${WORK_DIR}" FILES ${texts})
 
 # --- a project that uses the CMake package
 
-if(TOOLCHAIN_FILE)
-    # Its root path hides the prefix from the search.
-    set(where "-DQuavera_DIR=${prefix}/${LIBDIR}/cmake/Quavera"
-        "-DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN_FILE}")
-else()
-    set(where "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}")
-endif()
+find_package_in(where "${prefix}")
 set(consumer_build "${WORK_DIR}/consumer")
-run("configure the consumer" "${CMAKE_COMMAND}" -S "${CONSUMER_DIR}" -B "${consumer_build}"
-    -G "${GENERATOR}" ${where} "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
-run("build the consumer" "${CMAKE_COMMAND}" --build "${consumer_build}" --parallel 2)
+configure("${CONSUMER_DIR}" "${consumer_build}" ${where})
+build("${consumer_build}")
 foreach(program IN ITEMS consumer consumer-hidden conversion context context-as-needed)
     run("run ${program}" ${emulator} "${consumer_build}/${program}")
 endforeach()
 
 # --- a program that uses pkg-config
 
-find_program(pkg_config pkg-config)
-if(pkg_config)
-    set(ENV{PKG_CONFIG_PATH} "${prefix}/${LIBDIR}/pkgconfig")
-    # The toolchain's library directory is one of a root; the prefix is outside of it.
-    set(sysroot "$ENV{PKG_CONFIG_SYSROOT_DIR}")
-    unset(ENV{PKG_CONFIG_SYSROOT_DIR})
-    run("pkg-config quavera" "${pkg_config}" --cflags --libs quavera)
-    separate_arguments(quavera UNIX_COMMAND "${output}")
-    set(ENV{PKG_CONFIG_SYSROOT_DIR} "${sysroot}")
-    run("pkg-config gsoap++" "${pkg_config}" --cflags --libs gsoap++)
-    separate_arguments(gsoap UNIX_COMMAND "${output}")
-    run("compile with pkg-config" "${CXX_COMPILER}" -std=c++17 ${flags}
-        "${CONSUMER_DIR}/main.cpp" -o "${WORK_DIR}/with-pkg-config"
-        ${quavera} -lquavera-soap ${gsoap} "-Wl,-rpath,${prefix}/${LIBDIR}")
+compile_with_pkg_config(is_compiled "${prefix}" "${CONSUMER_DIR}/main.cpp"
+    "${WORK_DIR}/with-pkg-config")
+if(is_compiled)
     run("run with pkg-config" ${emulator} "${WORK_DIR}/with-pkg-config")
-else()
-    message(STATUS "pkg-config is not there: its file is not tried")
 endif()
 
 # --- each header by itself
@@ -129,6 +87,6 @@ foreach(header IN LISTS headers)
     endif()
     foreach(compiler IN LISTS compilers)
         run("${header} with ${compiler}" "${compiler}" -std=c++17 -fsyntax-only ${warnings}
-            "-I${include_dir}" "${source}")
+            ${sysroot_flags} "-I${include_dir}" "${source}")
     endforeach()
 endforeach()

@@ -109,7 +109,7 @@ TEST(AllocationFailure, SweepSeesLostBlocks) {
 
 // The platform library.
 
-constexpr std::size_t kFillings = 24;
+constexpr std::size_t kFillings = 48;
 constexpr std::size_t kFillingStep = 16;
 
 /// Nodes whose memory is used up to a different point each, so that for some of them any part of a
@@ -152,12 +152,12 @@ void SweepChange(std::size_t minimumSites, Change change) {
 TEST(AllocationFailureInTree, FailedAddChildChangesNothing) {
     const std::string name = "child";
     const std::string text(100, 't');
-    SweepChange(kFillings / 2, [&](ZQXML::INode* node) { node->AddChild(name, text); });
-    SweepChange(kFillings / 2, [&](ZQXML::INode* node) { node->AddChild(name, text.c_str()); });
-    SweepChange(kFillings / 2, [&](ZQXML::INode* node) { node->AddChildEncoded(name, text); });
-    SweepChange(kFillings / 4, [&](ZQXML::INode* node) { node->AddChild(name, -2147483647); });
-    SweepChange(kFillings / 4, [&](ZQXML::INode* node) { node->AddChild(name, 4294967295UL); });
-    SweepChange(kFillings / 4, [&](ZQXML::INode* node) { node->AddChild(name, true); });
+    SweepChange(kFillings / 4, [&](ZQXML::INode* node) { node->AddChild(name, text); });
+    SweepChange(kFillings / 4, [&](ZQXML::INode* node) { node->AddChild(name, text.c_str()); });
+    SweepChange(kFillings / 4, [&](ZQXML::INode* node) { node->AddChildEncoded(name, text); });
+    SweepChange(kFillings / 8, [&](ZQXML::INode* node) { node->AddChild(name, -2147483647); });
+    SweepChange(kFillings / 8, [&](ZQXML::INode* node) { node->AddChild(name, 4294967295UL); });
+    SweepChange(kFillings / 8, [&](ZQXML::INode* node) { node->AddChild(name, true); });
 }
 
 TEST(AllocationFailureInTree, FailedAddChildOfLargePartsChangesNothing) {
@@ -174,13 +174,13 @@ TEST(AllocationFailureInTree, FailedInitializeChangesNothing) {
 
 TEST(AllocationFailureInTree, FailedAppendChildChangesNothing) {
     const std::string text(100, 't');
-    SweepChange(2 * kFillings, [&](ZQXML::INode* node) {
+    SweepChange(kFillings, [&](ZQXML::INode* node) {
         const Tree child = ZQXML::CreateXmlNode();
         child->Initialize("child", text);
         node->AppendChild(child.get());
     });
-    SweepChange(kFillings / 4, [&](ZQXML::INode* node) {
-        const Tree child = node->CreateNode();
+    SweepChange(kFillings / 8, [&](ZQXML::INode* node) {
+        const Tree child = node->CreateNode("");
         child->Initialize("child", text);
         node->AppendChild(child.get());
     });
@@ -283,14 +283,15 @@ TEST(AllocationFailureInTree, FindingWalkingAndReleasingNeedNoMemory) {
     node->AppendChild(appended.get());
     ZQXML::INode* const child = node->FindChild(name);
     ZQXML::INodeList* const children = node->GetChildren();
-    std::string storage;
+    ZQXML::NodeCopies copies;
+    ZQXML::NodeView view;
     EXPECT_EQ(allocation::CountAllocations([&] {
                   node->FindChild(name);
                   node->GetChildren();
                   children->First();
                   children->Next();
-                  node->NameView(storage);
-                  child->ValueView(storage);
+                  node->View(copies);
+                  node->ViewChildren(nullptr, &view, 1, copies);
                   child->GetValueInt();
                   child->AddRef();
                   node = nullptr;

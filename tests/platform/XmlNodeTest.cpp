@@ -480,29 +480,120 @@ TEST(HasChildren, IsTrueFromTheFirstChildOn) {
 TEST(Views, EqualTheCopies) {
     for (const std::string& text : DifficultTexts()) {
         const Tree node = NewNode(text, text);
-        std::string storage;
-        ASSERT_EQ(node->NameView(storage), text);
-        ASSERT_EQ(node->ValueView(storage), text);
+        ZQXML::NodeCopies copies;
+        const ZQXML::NodeView view = node->View(copies);
+        ASSERT_EQ(view.node, node.get());
+        ASSERT_EQ(view.Name(), text);
+        ASSERT_EQ(view.Text(), text);
     }
 }
 
 TEST(Views, StayValidWhileOthersAreAdded) {
     const Tree node = NewNode("parent", "parent's text");
-    std::string nameStorage;
-    std::string textStorage;
-    const std::string_view name = node->NameView(nameStorage);
-    const std::string_view text = node->ValueView(textStorage);
+    ZQXML::NodeCopies copies;
+    const ZQXML::NodeView view = node->View(copies);
     for (int index = 0; index < 1000; ++index) {
         node->AddChild("name" + std::to_string(index), std::string(100, 'x'));
     }
-    EXPECT_EQ(name, "parent");
-    EXPECT_EQ(text, "parent's text");
+    EXPECT_EQ(view.Name(), "parent");
+    EXPECT_EQ(view.Text(), "parent's text");
+}
+
+/// The names of the children of `node`, looked at in parts of that size.
+std::string NamesInParts(ZQXML::INode* node, unsigned int room) {
+    std::vector<ZQXML::NodeView> views(room);
+    ZQXML::NodeCopies copies;
+    std::string names;
+    ZQXML::INode* last = nullptr;
+    while (const unsigned int count = node->ViewChildren(last, views.data(), room, copies)) {
+        for (unsigned int at = 0; at < count; ++at) {
+            EXPECT_EQ(views[at].node->GetName(), views[at].Name());
+            EXPECT_EQ(views[at].node->GetValue(), views[at].Text());
+            names += std::string(views[at].Name()) + ' ';
+        }
+        names += "| ";
+        last = views[count - 1].node;
+    }
+    return names;
+}
+
+TEST(ViewChildren, ShowsAllInParts) {
+    const Tree node = NewNode("parent");
+    EXPECT_EQ(NamesInParts(node.get(), 2), "");
+    for (const char* const name : {"a", "b", "c", "d", "e"}) {
+        node->AddChild(name, std::string("text of ") + name);
+    }
+    EXPECT_EQ(NamesInParts(node.get(), 1), "a | b | c | d | e | ");
+    EXPECT_EQ(NamesInParts(node.get(), 2), "a b | c d | e | ");
+    EXPECT_EQ(NamesInParts(node.get(), 5), "a b c d e | ");
+    EXPECT_EQ(NamesInParts(node.get(), 6), "a b c d e | ");
+}
+
+TEST(ViewChildren, FollowsChildrenAddedOnTheWay) {
+    const Tree node = NewNode("parent");
+    node->AddChild("a", 1);
+    ZQXML::NodeView view;
+    ZQXML::NodeCopies copies;
+    ASSERT_EQ(node->ViewChildren(nullptr, &view, 1, copies), 1U);
+    node->AddChild("b", 2);
+    ASSERT_EQ(node->ViewChildren(view.node, &view, 1, copies), 1U);
+    EXPECT_EQ(view.Name(), "b");
+    EXPECT_EQ(node->ViewChildren(view.node, &view, 1, copies), 0U);
+}
+
+TEST(AddText, EqualsAddChild) {
+    const Tree node = NewNode("parent");
+    // Lengths on both sides of those that are copied and compared in another way.
+    for (std::size_t size = 0; size < 40; ++size) {
+        const std::string name(size, 'n');
+        const std::string text(size, 't');
+        node->AddText(name, text);
+        node->AddChild(name, text);
+        node->AddText(name, text + std::string("\0z", 2));
+        node->AddChild(name, text + std::string("\0z", 2));
+    }
+    ZQXML::INodeList* const list = node->GetChildren();
+    int pairs = 0;
+    for (ZQXML::INode* child = list->First(); child != nullptr; child = list->Next(), ++pairs) {
+        ZQXML::INode* const other = list->Next();
+        ASSERT_NE(other, nullptr);
+        EXPECT_EQ(child->GetName(), other->GetName());
+        EXPECT_EQ(child->GetValue(), other->GetValue());
+        EXPECT_FALSE(child->IsEncoded());
+    }
+    EXPECT_EQ(pairs, 80);
+}
+
+TEST(AddNumber, IsSignedDecimal) {
+    const Tree node = NewNode("parent");
+    node->AddNumber("a", 0);
+    node->AddNumber("b", std::numeric_limits<int>::max());
+    node->AddNumber("c", std::numeric_limits<int>::min());
+    EXPECT_EQ(TreeText(node.get()), R"("parent"=""("a"="0" "b"="2147483647" "c"="-2147483648"))");
+}
+
+TEST(AddEncoded, EncodesAndMarks) {
+    const Tree node = NewNode("parent");
+    node->AddEncoded("a", "");
+    node->AddEncoded("b", std::string_view("f\0o", 3));
+    ASSERT_NE(node->FindChild("b"), nullptr);
+    EXPECT_EQ(node->FindChild("a")->GetValue(), "");
+    EXPECT_TRUE(node->FindChild("a")->IsEncoded());
+    EXPECT_EQ(node->FindChild("b")->GetValue(), "ZgBv");
+    EXPECT_TRUE(node->FindChild("b")->IsEncoded());
+    EXPECT_EQ(node->FindChild("b")->GetValueDecoded(), std::string("f\0o", 3));
+}
+
+TEST(CreateNode, YieldsANodeOfThatName) {
+    const Tree node = NewNode("parent");
+    const Tree created = node->CreateNode("name");
+    EXPECT_EQ(TreeText(created.get()), R"("name"="")");
 }
 
 TEST(CreateNode, YieldsAnEmptyNodeOfItsOwn) {
     const Tree node = NewNode("parent", "text");
     node->AddChild("a", 1);
-    const Tree created = node->CreateNode();
+    const Tree created = node->CreateNode("");
     ASSERT_TRUE(created);
     EXPECT_EQ(TreeText(created.get()), R"(""="")");
     EXPECT_EQ(TreeText(node.get()), R"("parent"="text"("a"="1"))");
@@ -537,12 +628,34 @@ TEST(DefaultBodies, HasChildrenTakesAMissingListForNone) {
 TEST(DefaultBodies, ViewsLieInTheStorage) {
     const std::string bytes = std::string("zero\0byte", 9);
     const zq::auto_com<FakeNode> node = FakeNode::Create(bytes, bytes + bytes);
-    std::string name;
-    std::string text;
-    EXPECT_EQ(node->NameView(name), bytes);
-    EXPECT_EQ(node->ValueView(text), bytes + bytes);
-    EXPECT_EQ(name, bytes);
-    EXPECT_EQ(text, bytes + bytes);
+    ZQXML::NodeCopies copies;
+    const ZQXML::NodeView view = node->View(copies);
+    EXPECT_EQ(view.Name(), bytes);
+    EXPECT_EQ(view.Text(), bytes + bytes);
+    EXPECT_EQ(copies.name, bytes);
+    EXPECT_EQ(copies.text, bytes + bytes);
+}
+
+TEST(DefaultBodies, ViewChildrenWalksTheList) {
+    const zq::auto_com<FakeNode> node = FakeNode::Create("n");
+    EXPECT_EQ(NamesInParts(node.get(), 4), "");
+    node->AddChild("a", 1);
+    node->AddChild("b", 2);
+    EXPECT_EQ(NamesInParts(node.get(), 4), "a | b | ");
+}
+
+TEST(DefaultBodies, ViewChildrenTakesAMissingListForNone) {
+    EmptyNode node;
+    EXPECT_EQ(NamesInParts(&node, 4), "");
+}
+
+TEST(DefaultBodies, AddByTheRequiredOperations) {
+    const zq::auto_com<FakeNode> node = FakeNode::Create("n");
+    node->AddText("text", "t");
+    node->AddNumber("number", -7);
+    node->AddEncoded("bytes", "foo");
+    node->AppendChild(node->CreateNode("made").get());
+    EXPECT_EQ(TreeText(node.get()), R"("n"=""("text"="t" "number"="-7" "bytes"="Zm9v" "made"=""))");
 }
 
 TEST(DefaultBodies, AddRefTakesNoReference) {
@@ -557,7 +670,7 @@ TEST(DefaultBodies, AddRefTakesNoReference) {
 
 TEST(DefaultBodies, CreateNodeYieldsAPlatformNode) {
     const zq::auto_com<FakeNode> node = FakeNode::Create("n");
-    const Tree created = node->CreateNode();
+    const Tree created = node->CreateNode("");
     ASSERT_TRUE(created);
     EXPECT_EQ(TreeText(created.get()), R"(""="")");
     created->AddChildEncoded("a", "Zm9v");

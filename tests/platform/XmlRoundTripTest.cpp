@@ -154,7 +154,7 @@ void Grow(Random& random, ZQXML::INode* node, int depth) {
                 node->AddChild(name, AnyText(random));
                 break;
             default: {
-                const Tree child = random.OneIn(2) ? node->CreateNode() : ZQXML::CreateXmlNode();
+                const Tree child = random.OneIn(2) ? node->CreateNode("") : ZQXML::CreateXmlNode();
                 child->Initialize(name, random.OneIn(3) ? AnyText(random) : "");
                 Grow(random, child.get(), depth - 1);
                 node->AppendChild(child.get());

@@ -100,7 +100,7 @@ TEST(DeepTree, OfNodesMadeForTheTree) {
         Tree root = NewNode("n");
         ZQXML::INode* deepest = root.get();
         for (int depth = 1; depth < kCount; ++depth) {
-            const Tree child = deepest->CreateNode();
+            const Tree child = deepest->CreateNode("");
             child->Initialize("n", "");
             deepest->AppendChild(child.get());
             deepest = child.get();

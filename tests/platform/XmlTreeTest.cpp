@@ -104,7 +104,7 @@ TEST_F(AppendChild, KeepsMarksInTheSubtree) {
 TEST_F(AppendChild, TakesNodesMadeForTheTreeAndOthersAlike) {
     const Tree parent = NewNode("parent");
     for (int index = 0; index < 4; ++index) {
-        const Tree child = index % 2 == 0 ? parent->CreateNode() : ZQXML::CreateXmlNode();
+        const Tree child = index % 2 == 0 ? parent->CreateNode("") : ZQXML::CreateXmlNode();
         child->Initialize("n", std::to_string(index));
         parent->AppendChild(child.get());
     }
@@ -220,7 +220,7 @@ TEST_F(References, SubtreeOfAKeptNodeMayComeFromManyTrees) {
     {
         const Tree grandchild = Chain();
         root->FindChild("child")->AppendChild(grandchild.get());
-        const Tree own = root->CreateNode();
+        const Tree own = root->CreateNode("");
         own->Initialize("own", "");
         grandchild->AppendChild(own.get());
         const Tree other = NewNode("other");
@@ -279,7 +279,7 @@ TEST_F(References, OneOnAChildCountsOnceMoreThanItsParent) {
 
 TEST_F(References, NodeMadeForATreeMayOutliveItUnattached) {
     Tree root = NewNode("root");
-    const Tree created = root->CreateNode();
+    const Tree created = root->CreateNode("");
     root = nullptr;
     created->Initialize("created", "text");
     created->AddChild("child", 1);
@@ -291,8 +291,8 @@ TEST_F(References, TreesMayReachIntoEachOthersMemory) {
     const Tree first = NewNode("first");
     Tree second = NewNode("second");
     {
-        const Tree forSecond = second->CreateNode();
-        const Tree forFirst = first->CreateNode();
+        const Tree forSecond = second->CreateNode("");
+        const Tree forFirst = first->CreateNode("");
         forSecond->Initialize("forSecond", "");
         forFirst->Initialize("forFirst", "");
         first->AppendChild(forSecond.get());
@@ -305,7 +305,7 @@ TEST_F(References, TreesMayReachIntoEachOthersMemory) {
 TEST_F(References, MemorySharedInACircleIsFreed) {
     const Tree first = NewNode("first");
     const Tree second = NewNode("second");
-    const Tree madeForFirst = first->CreateNode();
+    const Tree madeForFirst = first->CreateNode("");
     first->AppendChild(second.get());
     second->AppendChild(madeForFirst.get());
     EXPECT_EQ(TreeText(first.get()), R"("first"=""("second"=""(""="")))");
@@ -443,7 +443,7 @@ class Model {
             case 0:
                 return Create();
             case 1:
-                return AdoptNew(Any(), Any()->real->CreateNode());
+                return AdoptNew(Any(), Any()->real->CreateNode(""));
             case 2:
             case 3:
                 return AddChild(Any());

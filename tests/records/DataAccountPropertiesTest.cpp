@@ -223,7 +223,7 @@ TEST(DataAccountProperties, TrialTimeTravelsWithItsLow32Bits) {
                  {4294967295, 4294967295},
                  {4294967296, 0},
                  {4294967301, 5},
-                 {LONG64{77} << 32U | 2147483649, 2147483649},
+                 {0x4D80000001, 2147483649},
                  {-1, 4294967295}};
     for (const auto& time : times) {
         Soap soap;

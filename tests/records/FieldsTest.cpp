@@ -1,6 +1,7 @@
 #include "records/Fields.h"
 
 #include <gtest/gtest.h>
+#include <algorithm>
 
 #include <string>
 
@@ -100,7 +101,44 @@ TEST_F(ChildReaderTest, FirstRowOfItsNameTakesAChild) {
     EXPECT_EQ(second, "second");
     EXPECT_EQ(display, L"display");
     EXPECT_EQ(number, -1);
-    EXPECT_EQ(TakeCalls(), "1.GetChildren()\n1.First()\n2.GetName()\n2.GetValue()\n");
+    // The row behind the one that took the child looks for the next one.
+    EXPECT_EQ(TakeCalls(), "1.GetChildren()\n1.First()\n2.GetName()\n2.GetValue()\n1.Next()\n");
+}
+
+TEST_F(ChildReaderTest, ChildrenComeInAnyOrder) {
+    // Each order of four children, with one that no row knows.
+    std::string order = "ABCX";
+    do {
+        const auto parent = ZQXML::CreateXmlNode();
+        for (const char name : order) {
+            parent->AddChild(std::string(1, name), std::string(1, name));
+        }
+        std::string taken[3];
+        for (ChildReader child(parent.get()); child.Next();) {
+            child.Plain("A", taken[0]);
+            child.Plain("B", taken[1]);
+            child.Plain("C", taken[2]);
+        }
+        EXPECT_EQ(taken[0] + taken[1] + taken[2], "ABC") << order;
+    } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST_F(ChildReaderTest, LaterChildOfTheSameNameWins) {
+    for (const char* const order : {"ABA", "AAB", "BAA"}) {
+        const auto parent = ZQXML::CreateXmlNode();
+        int number = 0;
+        for (const char* name = order; *name != '\0'; ++name) {
+            parent->AddChild(std::string(1, *name), ++number);
+        }
+        int first = 0;
+        int second = 0;
+        for (ChildReader child(parent.get()); child.Next();) {
+            child.Number("A", first);
+            child.Number("B", second);
+        }
+        EXPECT_EQ(first, static_cast<int>(std::string(order).rfind('A')) + 1) << order;
+        EXPECT_EQ(second, static_cast<int>(std::string(order).rfind('B')) + 1) << order;
+    }
 }
 
 TEST_F(ChildReaderTest, EveryChildIsOfferedToEveryRow) {

@@ -15,6 +15,7 @@ struct State {
     std::string calls;
     int lastNumber = 0;
     int liveNodes = 0;
+    int codecCalls = 0;
 
     /// Counts a new node and returns its number.
     int CountNode() {
@@ -187,6 +188,10 @@ int LiveNodes() {
     return TheState().liveNodes;
 }
 
+int CodecCalls() {
+    return TheState().codecCalls;
+}
+
 }  // namespace RecordingPlatform
 
 zq::auto_com<ZQXML::INode> ZQXML::CreateXmlNode() {
@@ -218,6 +223,7 @@ long Base64Encoder::EncodeGetLength(long length, long /*mode*/) const {
 
 int Base64Encoder::Encode(const char* data, long length, char* text, long* textLength,
                           long /*mode*/) const {
+    ++TheState().codecCalls;
     std::string result;
     for (long at = 0; at < length; at += 3) {
         std::array<unsigned, 3> group = {};
@@ -240,6 +246,7 @@ int Base64Encoder::Encode(const char* data, long length, char* text, long* textL
 }
 
 int Base64Encoder::Decode(const char* text, long length, char* data, long* dataLength) const {
+    ++TheState().codecCalls;
     std::string result;
     unsigned bits = 0;
     unsigned bitCount = 0;

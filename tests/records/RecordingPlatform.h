@@ -20,6 +20,9 @@ std::string TakeCalls();
 /// The number of nodes not destroyed yet.
 int LiveNodes();
 
+/// The number of texts that the codec has encoded or decoded.
+int CodecCalls();
+
 }  // namespace RecordingPlatform
 
 #endif  // QUAVERA_TESTS_RECORDS_RECORDING_PLATFORM_H_

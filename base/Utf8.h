@@ -1,0 +1,53 @@
+#ifndef QUAVERA_BASE_UTF8_H_
+#define QUAVERA_BASE_UTF8_H_
+
+#include <cstddef>
+#include <string_view>
+
+namespace zq {
+
+/// A character of a UTF-8 text: its code and the number of bytes that it takes.
+struct Utf8Character {
+    char32_t code;
+    std::size_t size;  // 0: the bytes are no UTF-8
+};
+
+constexpr bool IsSurrogate(char32_t code) {
+    return code >= 0xD800 && code <= 0xDFFF;
+}
+
+/// The character that `text`, which must not be empty, begins with. Strict (RFC 3629): overlong
+/// forms, surrogates, codes above 10FFFF and cut sequences are no UTF-8.
+constexpr Utf8Character FirstCharacter(std::string_view text) {
+    constexpr Utf8Character kNoUtf8 = {0, 0};
+    const auto byte = [text](std::size_t at) {
+        return char32_t{static_cast<unsigned char>(text[at])};
+    };
+    const auto isTrail = [&byte](std::size_t at) { return (byte(at) & 0xC0) == 0x80; };
+    const auto bits = [&byte](std::size_t at) { return byte(at) & 0x3F; };
+    const char32_t first = byte(0);
+    if (first < 0x80) {
+        return {first, 1};
+    }
+    if (first < 0xE0) {
+        return first >= 0xC2 && text.size() >= 2 && isTrail(1)
+                   ? Utf8Character{(first & 0x1F) << 6 | bits(1), 2}
+                   : kNoUtf8;
+    }
+    if (first < 0xF0) {
+        if (text.size() < 3 || !isTrail(1) || !isTrail(2)) {
+            return kNoUtf8;
+        }
+        const char32_t code = (first & 0xF) << 12 | bits(1) << 6 | bits(2);
+        return code >= 0x800 && !IsSurrogate(code) ? Utf8Character{code, 3} : kNoUtf8;
+    }
+    if (first >= 0xF8 || text.size() < 4 || !isTrail(1) || !isTrail(2) || !isTrail(3)) {
+        return kNoUtf8;
+    }
+    const char32_t code = (first & 7) << 18 | bits(1) << 12 | bits(2) << 6 | bits(3);
+    return code >= 0x10000 && code <= 0x10FFFF ? Utf8Character{code, 4} : kNoUtf8;
+}
+
+}  // namespace zq
+
+#endif  // QUAVERA_BASE_UTF8_H_

@@ -1,0 +1,83 @@
+#ifndef QUAVERA_COMMON_CLIENT_MESSAGES_H_
+#define QUAVERA_COMMON_CLIENT_MESSAGES_H_
+
+#include <cstdint>
+#include <string>
+
+#include "common/Export.h"
+
+/// Fixed-size replies. Each object holds the image of its message: the fields packed in the stated
+/// order, in the byte order of the machine (little-endian on the controller), without padding. What
+/// the fields mean is settled between the callers.
+
+// No virtual destructor, which is part of the binary interface: replies are never deleted through a
+// pointer to a base.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+/// The reply that has no values of its own. Image: tag, value; 6 bytes.
+class QUAVERA_API QuavClientResponse {
+ public:
+    /// Writes the fields into the object's image and returns its first byte. The image belongs to
+    /// the object. Only the image of the object's own class is written.
+    virtual unsigned char* ToBuffer();
+    /// Reads the fields from the object's image, which the caller has filled at `ToBuffer()`.
+    virtual void FromBuffer();
+    /// The length of the image in bytes.
+    virtual unsigned int GetByteSize();
+
+    std::uint32_t value = 0;
+    std::uint16_t tag = 0;
+    unsigned char wireBytes[6] = {};
+};
+
+/// Image: tag, value, param1; 10 bytes.
+class QUAVERA_API StartPlackbackResponse : public QuavClientResponse {
+ public:
+    unsigned char* ToBuffer() override;
+    void FromBuffer() override;
+    unsigned int GetByteSize() override;
+
+    std::uint32_t param1 = 0;
+    unsigned char wireBytes[10] = {};
+};
+
+/// Image: tag, value, param1; 10 bytes.
+class QUAVERA_API InitTrackPlaybackResponse : public QuavClientResponse {
+ public:
+    unsigned char* ToBuffer() override;
+    void FromBuffer() override;
+    unsigned int GetByteSize() override;
+
+    std::uint32_t param1 = 0;
+    unsigned char wireBytes[10] = {};
+};
+
+/// Image: tag, value, param1, param2; 14 bytes.
+class QUAVERA_API GetAudioDataResponse : public QuavClientResponse {
+ public:
+    unsigned char* ToBuffer() override;
+    void FromBuffer() override;
+    unsigned int GetByteSize() override;
+
+    std::uint32_t param1 = 0;
+    std::uint32_t param2 = 0;
+    unsigned char wireBytes[14] = {};
+};
+
+#pragma GCC diagnostic pop
+
+/// Writes `value` as four bytes, most significant first, at `buffer + offset`, where the caller has
+/// room for them. Returns the offset behind them.
+QUAVERA_API unsigned int AddDWORDToBuffer(unsigned char* buffer, unsigned int offset,
+                                          unsigned int value);
+
+/// Writes the length of `text` as two bytes, most significant first, and its bytes behind them,
+/// without terminator, at `buffer + offset`. Returns the offset behind them.
+///
+/// The caller has room for all of the text and keeps it below 65536 bytes: of a longer one all
+/// bytes are written, but the length, and with it the result, are reduced modulo 65536.
+QUAVERA_API unsigned int AddStringToBuffer(unsigned char* buffer, unsigned int offset,
+                                           std::string text);
+
+#endif  // QUAVERA_COMMON_CLIENT_MESSAGES_H_
