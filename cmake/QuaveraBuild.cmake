@@ -64,6 +64,8 @@ function(quavera_shared_library target)
         set_target_properties(${target} PROPERTIES LINK_OPTIONS "LINKER:--as-needed")
     endif()
     if(QUAVERA_ABI_CHECK)
-        target_compile_options(${target} PRIVATE -g)
+        # The record of the interface names sources, wherever they were compiled.
+        target_compile_options(${target} PRIVATE -g
+            "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=" "-ffile-prefix-map=${CMAKE_BINARY_DIR}/=")
     endif()
 endfunction()
