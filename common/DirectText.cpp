@@ -147,7 +147,7 @@ std::wstring DecodeDisplayText(std::string_view base64) {
         wchar_t wide[kTypicalText];
         const std::size_t length = WidenDirectly({utf8, static_cast<std::size_t>(size)}, wide);
         if (length != kUnusualText) {
-            return std::wstring(wide, length);
+            return {wide, length};
         }
     }
     return DecodeAndConvertFromUtf8(std::string(base64));

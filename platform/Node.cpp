@@ -283,13 +283,18 @@ void Node::AttachCopy(INode* foreign) {
 }
 
 void Node::AddRef() {
-    if (references_++ == 0) {
+    if (!IsReferenced()) {
         arena_->Pin();
     }
+    state_ += kReference;
 }
 
 void Node::Release() {
-    if (references_ == 0 || --references_ > 0) {
+    if (!IsReferenced()) {
+        return;
+    }
+    state_ -= kReference;
+    if (IsReferenced()) {
         return;
     }
     if (parent_ == nullptr) {
@@ -323,7 +328,7 @@ void Node::UnlinkChildren(Node** dying) {
         if (hasOwnArena) {
             --arena_->outwardLinks;
         }
-        if (child->references_ > 0) {
+        if (child->IsReferenced()) {
             if (hasOwnArena) {
                 child->arena_->Unpin();
             }

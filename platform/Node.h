@@ -34,8 +34,7 @@ class ChildList final : public INodeList {
 class Node final : public INode {
  public:
     /// A new node holds one reference for its maker, or none.
-    Node(Arena* arena, bool isReferenced)
-        : arena_(arena), references_(isReferenced ? 1 : 0), encoded_(0) {}
+    Node(Arena* arena, bool isReferenced) : arena_(arena), state_(isReferenced ? kReference : 0) {}
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
 
@@ -56,7 +55,7 @@ class Node final : public INode {
     void Release() override;
 
     void AddRef() override;
-    bool IsEncoded() override { return encoded_ != 0; }
+    bool IsEncoded() override { return (state_ & kEncoded) != 0; }
     bool HasChildren() override { return FirstChild() != nullptr; }
     NodeView View(NodeCopies& /*copies*/) override { return Look(); }
     unsigned int ViewChildren(INode* last, NodeView* views, unsigned int room,
@@ -70,11 +69,16 @@ class Node final : public INode {
     Node* AddElement(std::string_view name, std::string_view text);
     void SetNameAndText(std::string_view name, std::string_view text);
     void SetText(std::string_view text);
-    void SetEncoded(bool encoded) { encoded_ = encoded ? 1 : 0; }
+    void SetEncoded(bool encoded) { state_ = (state_ & ~kEncoded) | (encoded ? kEncoded : 0); }
 
  private:
     friend class ChildList;
 
+    // In one word, as nodes are what a tree's memory goes to.
+    static constexpr std::uint32_t kEncoded = 1;
+    static constexpr std::uint32_t kReference = 2;  // held by a caller; the tree's own is parent_
+
+    bool IsReferenced() const { return state_ >= kReference; }
     std::string_view NameText() const {
         return name_ == nullptr ? std::string_view() : name_->View();
     }
@@ -102,9 +106,7 @@ class Node final : public INode {
     const Name* name_ = nullptr;  // null: empty
     const char* text_ = nullptr;
     std::uint32_t textSize_ = 0;
-    // Together, as nodes are what a tree's memory goes to.
-    std::uint32_t references_ : 31;  // held by callers; the tree's own is parent_
-    std::uint32_t encoded_ : 1;
+    std::uint32_t state_;  // kEncoded, and kReference times the number of references
 };
 
 }  // namespace ZQXML
