@@ -19,6 +19,7 @@ int main(int argumentCount, char** arguments) {
     if (dlinfo(library, RTLD_DI_LINKMAP, &map) != 0) {
         return 1;
     }
-    std::printf("%08lx\n", static_cast<unsigned long>(map->l_addr));
+    const unsigned long address = map->l_addr;
+    std::printf("%08lx\n", address);
     return 0;
 }

@@ -139,16 +139,22 @@ std::wstring WidenText(std::string_view utf8, bool* isUnusual) {
 }
 
 std::wstring DecodeDisplayText(std::string_view base64) {
-    constexpr std::size_t kTypicalText = 256;  // few are longer
-    char utf8[kTypicalText];
-    long size = kTypicalText;
-    if (base64.size() <= kTypicalText &&
+    constexpr std::size_t kTypicalSize = 256;  // few are longer
+    char utf8[kTypicalSize];
+    long size = kTypicalSize;
+    if (base64.size() <= kTypicalSize &&
         Base64Encoder().Decode(base64.data(), static_cast<long>(base64.size()), utf8, &size) != 0) {
-        wchar_t wide[kTypicalText];
-        const std::size_t length = WidenDirectly({utf8, static_cast<std::size_t>(size)}, wide);
-        if (length != kUnusualText) {
-            return {wide, length};
-        }
+        return WidenDisplayText({utf8, static_cast<std::size_t>(size)});
     }
     return DecodeAndConvertFromUtf8(std::string(base64));
+}
+
+std::wstring WidenDisplayText(std::string_view utf8) {
+    bool isUnusual = false;
+    std::wstring result = WidenText(utf8, &isUnusual);
+    if (isUnusual) {
+        // As everywhere, decoded bytes end at the first zero.
+        result = convertFromUtf8(std::string(utf8.substr(0, utf8.find('\0'))));
+    }
+    return result;
 }

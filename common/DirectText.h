@@ -26,4 +26,7 @@ std::wstring WidenText(std::string_view utf8, bool* isUnusual);
 /// `DecodeAndConvertFromUtf8`, without a copy of the text.
 std::wstring DecodeDisplayText(std::string_view base64);
 
+/// The same of the bytes that the base64 text stands for.
+std::wstring WidenDisplayText(std::string_view utf8);
+
 #endif  // QUAVERA_COMMON_DIRECT_TEXT_H_

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/DirectText.h"
 #include "common/TextConversion.h"
 #include "platform/zqshared.h"
 #ifndef QUAVERA_EXTERNAL_PLATFORM
@@ -43,6 +44,8 @@ class ChildWalk {
     ZQXML::INode* Node() const { return child_; }
     std::string_view Name() const { return name_; }
     std::string_view Text() { return text_ = child_->GetValue(); }
+    /// The wide string that the text stands for, in base64 and UTF-8.
+    std::wstring DisplayText() { return DecodeDisplayText(Text()); }
 
  private:
     ZQXML::INodeList* children_;
@@ -101,7 +104,13 @@ class ChildWalk {
 
     ZQXML::INode* Node() const { return view_->node; }
     std::string_view Name() const { return view_->Name(); }
-    std::string_view Text() const { return view_->Text(); }
+    std::string_view Text() {
+        return view_->isInBytes ? view_->node->View(copies_).Text() : view_->Text();
+    }
+    std::wstring DisplayText() const {
+        return view_->isInBytes ? WidenDisplayText(view_->Text())
+                                : DecodeDisplayText(view_->Text());
+    }
 
  private:
     static constexpr unsigned int kRoom = 16;

@@ -4,7 +4,6 @@
 #include <typeinfo>
 #include <vector>
 
-#include "platform/Base64Codec.h"
 #include "platform/Base64Encoder.h"
 #include "platform/Decimal.h"
 #include "platform/ToString.h"
@@ -100,15 +99,26 @@ std::string Node::GetName() {
 }
 
 std::string Node::GetValue() {
-    return std::string(Text());
+    return IsInBytes() ? zq::EncodeBase64(Stored()) : std::string(Stored());
 }
 
 int Node::GetValueInt() {
-    return ParseInt(Text());
+    return IsInBytes() ? ParseInt(GetValue()) : ParseInt(Stored());
 }
 
 std::string Node::GetValueDecoded() {
-    return IsEncoded() ? DecodeBase64(Text()) : GetValue();
+    return IsEncoded() && !IsInBytes() ? DecodeBase64(Stored()) : std::string(Stored());
+}
+
+NodeView Node::View(NodeCopies& copies) {
+    NodeView view = Look();
+    if (view.isInBytes) {
+        copies.text = GetValue();
+        view.textData = copies.text.data();
+        view.textSize = copies.text.size();
+        view.isInBytes = false;
+    }
+    return view;
 }
 
 unsigned int Node::ViewChildren(INode* last, NodeView* views, unsigned int room,
@@ -185,10 +195,9 @@ void Node::AddNumber(std::string_view name, int value) {
     AddElement(name, zq::Decimal(value).View());
 }
 
+/// Most readers are after the bytes, so they are what is kept; the text is made for those who ask.
 void Node::AddEncoded(std::string_view name, std::string_view bytes) {
-    char* text = nullptr;
-    NewLeaf(name, zq::Base64Size(bytes.size()), &text)->SetEncoded(true);
-    zq::WriteBase64(bytes, text);
+    AddElement(name, bytes)->SetMarks(kEncoded | kInBytes);
 }
 
 Node* Node::AddElement(std::string_view name, std::string_view text) {
@@ -206,6 +215,7 @@ void Node::SetNameAndText(std::string_view name, std::string_view text) {
 
 void Node::SetText(std::string_view text) {
     text_ = arena_->StoreText(text);
+    SetMarks(state_ & kEncoded);
     textSize_ = static_cast<std::uint32_t>(text.size());
 }
 

@@ -57,7 +57,7 @@ class Node final : public INode {
     void AddRef() override;
     bool IsEncoded() override { return (state_ & kEncoded) != 0; }
     bool HasChildren() override { return FirstChild() != nullptr; }
-    NodeView View(NodeCopies& /*copies*/) override { return Look(); }
+    NodeView View(NodeCopies& copies) override;
     unsigned int ViewChildren(INode* last, NodeView* views, unsigned int room,
                               NodeCopies& copies) override;
     void AddText(std::string_view name, std::string_view text) override;
@@ -69,23 +69,27 @@ class Node final : public INode {
     Node* AddElement(std::string_view name, std::string_view text);
     void SetNameAndText(std::string_view name, std::string_view text);
     void SetText(std::string_view text);
-    void SetEncoded(bool encoded) { state_ = (state_ & ~kEncoded) | (encoded ? kEncoded : 0); }
+    void SetEncoded(bool encoded) { SetMarks(encoded ? kEncoded : 0); }
 
  private:
     friend class ChildList;
 
     // In one word, as nodes are what a tree's memory goes to.
     static constexpr std::uint32_t kEncoded = 1;
-    static constexpr std::uint32_t kReference = 2;  // held by a caller; the tree's own is parent_
+    static constexpr std::uint32_t kInBytes = 2;    // encoded, but kept as the bytes it stands for
+    static constexpr std::uint32_t kReference = 4;  // held by a caller; the tree's own is parent_
 
     bool IsReferenced() const { return state_ >= kReference; }
     std::string_view NameText() const {
         return name_ == nullptr ? std::string_view() : name_->View();
     }
-    std::string_view Text() const { return {text_, textSize_}; }
+    bool IsInBytes() const { return (state_ & kInBytes) != 0; }
+    void SetMarks(std::uint32_t marks) { state_ = (state_ & ~(kEncoded | kInBytes)) | marks; }
+    /// The text, or the bytes that it stands for.
+    std::string_view Stored() const { return {text_, textSize_}; }
     NodeView Look() {
         const std::string_view name = NameText();
-        return {this, name.data(), name.size(), text_, textSize_};
+        return {this, name.data(), name.size(), text_, textSize_, IsInBytes()};
     }
     Node* NewLeaf(std::string_view name, std::size_t textSize, char** text);
     const Name* StoredName(std::string_view name);
@@ -106,7 +110,7 @@ class Node final : public INode {
     const Name* name_ = nullptr;  // null: empty
     const char* text_ = nullptr;
     std::uint32_t textSize_ = 0;
-    std::uint32_t state_;  // kEncoded, and kReference times the number of references
+    std::uint32_t state_;  // marks, and kReference times the number of references
 };
 
 }  // namespace ZQXML

@@ -21,7 +21,8 @@ bool INode::HasChildren() {
 NodeView INode::View(NodeCopies& copies) {
     copies.name = GetName();
     copies.text = GetValue();
-    return {this, copies.name.data(), copies.name.size(), copies.text.data(), copies.text.size()};
+    return {this, copies.name.data(), copies.name.size(), copies.text.data(), copies.text.size(),
+            false};
 }
 
 unsigned int INode::ViewChildren(INode* last, NodeView* views, unsigned int /*room*/,

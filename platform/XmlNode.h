@@ -49,6 +49,9 @@ struct NodeView {
     std::size_t nameSize;
     const char* textData;
     std::size_t textSize;
+    // The text is that of an encoded element, and what is seen of it are the bytes that it stands
+    // for.
+    bool isInBytes;
 };
 
 /// Where a node's name and text are copied to when they cannot be seen in place.
@@ -115,10 +118,12 @@ class ZQ_API INode {
     /// Whether there is any child. The default body starts a walk of the list.
     virtual bool HasChildren();
     /// `GetName` and `GetValue` without copies where that can be had: the view is valid until the
-    /// node changes or goes, or `copies`, which the default body copies both to, changes.
+    /// node changes or goes, or `copies`, which the default body copies both to, changes. It is
+    /// never one of bytes.
     virtual NodeView View(NodeCopies& copies);
     /// A part of a walk over the children: up to `room` (at least one) of those behind `last`, or
-    /// from the first one on where that is null, as `View` shows them. Returns their number, 0 at
+    /// from the first one on where that is null, as `View` shows them, except that encoded elements
+    /// may be seen in bytes. Returns their number, 0 at
     /// the end. `last` is the last child of the walk's part before. The default body walks the
     /// list, child by child.
     virtual unsigned int ViewChildren(INode* last, NodeView* views, unsigned int room,

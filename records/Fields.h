@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "base/SmallText.h"
-#include "common/DirectText.h"
 #include "common/PlatformExtras.h"
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
@@ -194,7 +193,7 @@ class ChildReader {
     }
     void Display(std::string_view name, std::wstring& field) {
         if (Takes(name)) {
-            field = DecodeDisplayText(Text());
+            field = walk_.DisplayText();
         }
     }
     void Number(std::string_view name, int& field) {

@@ -584,6 +584,51 @@ TEST(AddEncoded, EncodesAndMarks) {
     EXPECT_EQ(node->FindChild("b")->GetValueDecoded(), std::string("f\0o", 3));
 }
 
+TEST(AddEncoded, IsSeenAsTextOrInPartsAsBytes) {
+    const Tree node = NewNode("parent");
+    node->AddEncoded("a", "foo");
+    node->AddChildEncoded("b", "Zm9v");
+    ZQXML::NodeCopies copies;
+    ZQXML::NodeView views[2];
+    ASSERT_EQ(node->ViewChildren(nullptr, views, 2, copies), 2U);
+    EXPECT_EQ(views[0].Text(), views[0].isInBytes ? "foo" : "Zm9v");
+    EXPECT_EQ(views[1].Text(), "Zm9v");
+    EXPECT_FALSE(views[1].isInBytes);
+    const ZQXML::NodeView whole = views[0].node->View(copies);
+    EXPECT_EQ(whole.Name(), "a");
+    EXPECT_EQ(whole.Text(), "Zm9v");
+    EXPECT_FALSE(whole.isInBytes);
+}
+
+TEST(AddEncoded, EqualsAddChildEncoded) {
+    const Tree node = NewNode("parent");
+    // Of "MTIz" no digit comes first, of "100=" three do.
+    for (const std::string& bytes : {std::string("123"), std::string("\xD7\x4D"), std::string()}) {
+        node->AddEncoded("a", bytes);
+        node->AddChildEncoded("a", zq::EncodeBase64(bytes));
+    }
+    EXPECT_EQ(node->FindChild("a")->GetValue(), "MTIz");
+    ZQXML::INodeList* const list = node->GetChildren();
+    for (ZQXML::INode* child = list->First(); child != nullptr; child = list->Next()) {
+        ZQXML::INode* const other = list->Next();
+        ASSERT_NE(other, nullptr);
+        EXPECT_EQ(TreeText(child), TreeText(other));
+        EXPECT_EQ(child->GetValueInt(), other->GetValueInt());
+        EXPECT_EQ(child->GetValueDecoded(), other->GetValueDecoded());
+        EXPECT_EQ(ZQXML::WriteXml(child), ZQXML::WriteXml(other));
+    }
+}
+
+TEST(AddEncoded, IsForgottenByInitialize) {
+    const Tree node = NewNode("parent");
+    node->AddEncoded("a", "foo");
+    ZQXML::INode* const child = node->FindChild("a");
+    child->Initialize("b", "text");
+    EXPECT_EQ(child->GetValue(), "text");
+    EXPECT_EQ(child->GetValueDecoded(), "text");
+    EXPECT_FALSE(child->IsEncoded());
+}
+
 TEST(CreateNode, YieldsANodeOfThatName) {
     const Tree node = NewNode("parent");
     const Tree created = node->CreateNode("name");
