@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view kEquals = " = ";
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::size_t kLargestTypicalItem = 512;
 constexpr std::size_t kLargestUtf8 = 4;  // bytes of a character
 
 /// Writes `text` at `to`; the place behind it.
@@ -145,7 +146,8 @@ char* TextLines::Room(std::size_t size) {
     return start;
 }
 
-void TextLines::ExpectMore(std::size_t size) {
+void TextLines::ExpectItems(std::size_t count, std::size_t firstSize) {
+    const std::size_t size = count * std::min(firstSize, kLargestTypicalItem);
     const std::size_t room = size_ + size + size / 4;
     if (room > buffer_.size()) {
         buffer_.resize(room);

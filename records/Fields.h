@@ -318,7 +318,7 @@ class TextLines {
             Text(prefix);
             item.AddLines(*this);
             if (&item == &items.front()) {
-                ExpectMore(items.size() * (size_ - start));
+                ExpectItems(items.size(), size_ - start);
             }
         }
     }
@@ -333,8 +333,9 @@ class TextLines {
  private:
     /// Room for that many more bytes; where they begin.
     char* Room(std::size_t size);
-    /// Makes room, and some more, for about that many more bytes.
-    void ExpectMore(std::size_t size);
+    /// Makes room for items, by the size of the first one: up to what is typical, or one long item
+    /// would take as much for each of the others.
+    void ExpectItems(std::size_t count, std::size_t firstSize);
 
     // Longer than the text by some room, so that pieces are written without a call each.
     std::string buffer_;

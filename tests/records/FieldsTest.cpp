@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include <string>
+#include <vector>
 
 #include "tests/records/RecordingPlatform.h"
 
@@ -195,6 +196,30 @@ TEST_F(TextLinesTest, KeepsTheBytesOfATextAsTheyAre) {
     TextLines lines;
     lines.Plain("text", text);
     EXPECT_EQ(lines.Take(), "text = " + text + "\r\n");
+}
+
+/// An item of a list, as far as a log text is concerned.
+struct LoggedItem {
+    void AddLines(TextLines& lines) const { lines.Text(text); }
+
+    std::string text;
+};
+
+TEST_F(TextLinesTest, ItemsFollowTheirPrefixes) {
+    std::vector<LoggedItem> items = {{"one"}, {""}, {std::string(2000, 'x')}, {"four"}};
+    TextLines lines;
+    lines.Records("- ", items);
+    EXPECT_EQ(lines.Take(), "- one- - " + items[2].text + "- four");
+}
+
+TEST_F(TextLinesTest, OneLongItemTakesNoRoomForTheOthers) {
+    std::vector<LoggedItem> items(1000, {"short"});
+    items.front().text.assign(100000, 'x');
+    TextLines lines;
+    lines.Records("", items);
+    const std::string text = lines.Take();
+    EXPECT_EQ(text.size(), 100000U + 999U * 5U);
+    EXPECT_LT(text.capacity(), text.size() + items.size() * 1000);
 }
 
 TEST_F(TextLinesTest, NoRowsGiveAnEmptyText) {
