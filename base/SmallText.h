@@ -10,10 +10,10 @@
 /// costs three times as much.
 namespace zq {
 
-template <class Word>
-Word LoadWord(const char* bytes) {
+template <class Word, class Unit>
+Word LoadWord(const Unit* text) {
     Word word;
-    std::memcpy(&word, bytes, sizeof word);
+    std::memcpy(&word, text, sizeof word);
     return word;
 }
 

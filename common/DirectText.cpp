@@ -1,7 +1,7 @@
 #include "common/DirectText.h"
 
-#include <algorithm>
 #include <cstdint>
+#include <type_traits>
 
 #include "base/SmallText.h"
 #include "base/Utf8.h"
@@ -10,59 +10,65 @@
 
 namespace {
 
-/// Whether a byte is an ASCII character other than zero.
-bool IsPlain(char byte) {
-    return static_cast<unsigned char>(byte) - 1U < 0x7F;
+/// Whether a character, of either kind, is an ASCII character other than zero.
+bool IsPlain(char32_t code) {
+    return code - 1 < 0x7F;
 }
 
-/// Whether the eight bytes at `text` are ASCII characters other than zero.
-bool AreEightPlain(const char* text) {
-    constexpr std::uint64_t kOnes = 0x0101010101010101;
-    constexpr std::uint64_t kHighBits = 0x8080808080808080;
-    const auto bytes = zq::LoadWord<std::uint64_t>(text);
-    // Without a high bit set, only a zero byte borrows one.
-    return ((bytes | (bytes - kOnes)) & kHighBits) == 0;
+char32_t Code(char byte) {
+    return static_cast<unsigned char>(byte);
 }
 
-/// Whether `text` consists of ASCII characters other than zero.
-bool IsPlain(std::string_view text) {
-    constexpr std::size_t kStep = 8;
-    if (text.size() < kStep) {
-        return std::all_of(text.begin(), text.end(), [](char byte) { return IsPlain(byte); });
+// Plain characters are converted in steps of 16, or 8 in a short text; the last step overlaps the
+// one before it. The compiler makes a handful of vector instructions of each.
+
+/// Whether the characters of a step are ASCII characters other than zero. Words of characters are
+/// looked at.
+template <std::size_t kStep, class Unit>
+bool ArePlain(const Unit* text) {
+    using Word = std::uint64_t;
+    constexpr Word kOnes = ~Word{0} / static_cast<std::make_unsigned_t<Unit>>(-1);
+    constexpr Word kBeyondAscii = ~(kOnes * 0x7F);
+    Word outside = 0;
+    for (std::size_t at = 0; at < kStep; at += sizeof(Word) / sizeof(Unit)) {
+        const auto word = zq::LoadWord<Word>(text + at);
+        outside |= word | (word - kOnes);  // a zero borrows from the bits beyond ASCII
     }
+    return (outside & kBeyondAscii) == 0;
+}
+
+/// Converts a step if all of it is plain; tells whether it did.
+template <std::size_t kStep, class From, class To>
+bool ConvertStep(const From* __restrict from, To* __restrict to) {
+    if (!ArePlain<kStep>(from)) {
+        return false;
+    }
+    for (std::size_t at = 0; at < kStep; ++at) {
+        to[at] = static_cast<To>(static_cast<std::make_unsigned_t<From>>(from[at]));
+    }
+    return true;
+}
+
+template <std::size_t kStep, class From, class To>
+std::size_t ConvertSteps(std::basic_string_view<From> text, To* to) {
     const std::size_t last = text.size() - kStep;
-    for (std::size_t at = 0; at < last; at += kStep) {
-        if (!AreEightPlain(text.data() + at)) {
-            return false;
+    std::size_t at = 0;
+    do {
+        if (!ConvertStep<kStep>(&text[at], to + at)) {
+            return at;
         }
-    }
-    return AreEightPlain(text.data() + last);
+        at += kStep;
+    } while (at < last);
+    // From here on, `at` may be beyond the end.
+    return ConvertStep<kStep>(&text[last], to + last) ? text.size() : last;
 }
 
-/// One wide character for each byte: with nothing in the way, the compiler does it by vectors.
-void WidenBytes(const char* __restrict bytes, std::size_t size, wchar_t* __restrict wide) {
-    for (std::size_t at = 0; at < size; ++at) {
-        wide[at] = static_cast<unsigned char>(bytes[at]);
-    }
-}
-
-/// Whether `text` consists of ASCII characters other than zero. All are looked at: the compiler
-/// does it by vectors.
-bool IsPlain(std::wstring_view text) {
-    std::uint32_t outside = 0;
-    for (const wchar_t character : text) {
-        outside |= static_cast<std::uint32_t>(character) - 1U;
-        outside |= static_cast<std::uint32_t>(character);
-    }
-    return outside < 0x80;
-}
-
-/// One byte for each ASCII character.
-void NarrowCharacters(const wchar_t* __restrict characters, std::size_t size,
-                      char* __restrict bytes) {
-    for (std::size_t at = 0; at < size; ++at) {
-        bytes[at] = static_cast<char>(characters[at]);
-    }
+/// Converts the plain characters that a text begins with, or some of them; returns their number.
+template <class From, class To>
+std::size_t ConvertPlain(std::basic_string_view<From> text, To* to) {
+    return text.size() >= 16  ? ConvertSteps<16>(text, to)
+           : text.size() >= 8 ? ConvertSteps<8>(text, to)
+                              : 0;
 }
 
 char Trail(char32_t code, unsigned shift) {
@@ -85,16 +91,13 @@ char* PutManyBytes(char32_t code, char* to) {
     return to;
 }
 
-}  // namespace
-
-std::size_t WidenDirectly(std::string_view utf8, wchar_t* wide) {
-    if (IsPlain(utf8)) {
-        WidenBytes(utf8.data(), utf8.size(), wide);
-        return utf8.size();
-    }
-    wchar_t* to = wide;
-    for (const char *at = utf8.data(), *const end = at + utf8.size(); at != end;) {
-        if (IsPlain(*at)) {
+/// `WidenDirectly` of what is behind the plain beginning, whose characters are counted in. A
+/// function of its own, so that plain texts do not pay for its registers.
+[[gnu::noinline]] std::size_t WidenRest(std::string_view utf8, std::size_t start, wchar_t* wide) {
+    wchar_t* to = wide + start;
+    const char* const end = utf8.data() + utf8.size();
+    for (const char* at = utf8.data() + start; at != end;) {
+        if (IsPlain(Code(*at))) {
             *to++ = static_cast<wchar_t>(*at++);
             continue;
         }
@@ -109,15 +112,12 @@ std::size_t WidenDirectly(std::string_view utf8, wchar_t* wide) {
     return static_cast<std::size_t>(to - wide);
 }
 
-std::size_t NarrowDirectly(std::wstring_view wide, char* utf8) {
-    if (IsPlain(wide)) {
-        NarrowCharacters(wide.data(), wide.size(), utf8);
-        return wide.size();
-    }
-    char* to = utf8;
-    for (const wchar_t character : wide) {
+/// `NarrowDirectly` likewise.
+[[gnu::noinline]] std::size_t NarrowRest(std::wstring_view wide, std::size_t start, char* utf8) {
+    char* to = utf8 + start;
+    for (const wchar_t character : wide.substr(start)) {
         const auto code = static_cast<char32_t>(character);
-        if (code - 1 < 0x7F) {
+        if (IsPlain(code)) {
             *to++ = static_cast<char>(code);
         } else if (code == 0 || code > 0x10FFFF || zq::IsSurrogate(code)) {
             return kUnusualText;
@@ -128,14 +128,25 @@ std::size_t NarrowDirectly(std::wstring_view wide, char* utf8) {
     return static_cast<std::size_t>(to - utf8);
 }
 
-std::wstring WidenText(std::string_view utf8, bool* isUnusual) {
-    std::wstring result(utf8.size(), L'\0');
-    const std::size_t size = WidenDirectly(utf8, result.data());
-    *isUnusual = size == kUnusualText;
-    if (size < result.size()) {
-        result.resize(size);
+}  // namespace
+
+std::size_t WidenDirectly(std::string_view utf8, wchar_t* wide) {
+    const std::size_t start = ConvertPlain(utf8, wide);
+    return start == utf8.size() ? start : WidenRest(utf8, start, wide);
+}
+
+std::size_t NarrowDirectly(std::wstring_view wide, char* utf8) {
+    const std::size_t start = ConvertPlain(wide, utf8);
+    return start == wide.size() ? start : NarrowRest(wide, start, utf8);
+}
+
+void FinishWideText(std::string_view utf8, std::wstring (*convert)(std::string_view),
+                    std::size_t size, std::wstring* wide) {
+    if (size == kUnusualText) {
+        *wide = convert(utf8);
+    } else {
+        wide->resize(size);
     }
-    return result;
 }
 
 std::wstring DecodeDisplayText(std::string_view base64) {
@@ -150,11 +161,8 @@ std::wstring DecodeDisplayText(std::string_view base64) {
 }
 
 std::wstring WidenDisplayText(std::string_view utf8) {
-    bool isUnusual = false;
-    std::wstring result = WidenText(utf8, &isUnusual);
-    if (isUnusual) {
+    return WidenText(utf8, [](std::string_view unusual) {
         // As everywhere, decoded bytes end at the first zero.
-        result = convertFromUtf8(std::string(utf8.substr(0, utf8.find('\0'))));
-    }
-    return result;
+        return convertFromUtf8(std::string(unusual.substr(0, unusual.find('\0'))));
+    });
 }

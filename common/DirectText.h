@@ -20,8 +20,20 @@ std::size_t WidenDirectly(std::string_view utf8, wchar_t* wide);
 /// returns the number of bytes.
 std::size_t NarrowDirectly(std::wstring_view wide, char* utf8);
 
-/// The wide string of `utf8`; of no use where `*isUnusual` tells that the text is.
-std::wstring WidenText(std::string_view utf8, bool* isUnusual);
+/// Ends what `WidenText` began where the text is not one character for each byte: cuts `*wide` to
+/// `size`, or has unusual text converted.
+void FinishWideText(std::string_view utf8, std::wstring (*convert)(std::string_view),
+                    std::size_t size, std::wstring* wide);
+
+/// The wide string of `utf8`, made by `convert` where the text is unusual.
+inline std::wstring WidenText(std::string_view utf8, std::wstring (*convert)(std::string_view)) {
+    std::wstring wide(utf8.size(), L'\0');
+    const std::size_t size = WidenDirectly(utf8, wide.data());
+    if (size != utf8.size()) {
+        FinishWideText(utf8, convert, size, &wide);
+    }
+    return wide;
+}
 
 /// `DecodeAndConvertFromUtf8`, without a copy of the text.
 std::wstring DecodeDisplayText(std::string_view base64);

@@ -72,21 +72,20 @@ std::string ConvertFromWide(const char* codePage, std::wstring_view text) {
     return result;
 }
 
-}  // namespace
-
-std::wstring convertFromUtf8(std::string text) {
-    bool isUnusual = false;
-    std::wstring result = WidenText(text, &isUnusual);
-    if (!isUnusual) {
-        return result;
-    }
+std::wstring ConvertToWide(std::string_view utf8) {
     // The room offered is one character for each byte; the rest of the buffer stays zero.
-    result.assign(text.size() * kRoomPerUnit, L'\0');
+    std::wstring result(utf8.size() * kRoomPerUnit, L'\0');
     Converter converter(kWide, kUtf8);
-    if (converter.Convert(text.data(), text.size(), result.data(), text.size() * sizeof(wchar_t))) {
+    if (converter.Convert(utf8.data(), utf8.size(), result.data(), utf8.size() * sizeof(wchar_t))) {
         CutAtZero(result);
     }
     return result;
+}
+
+}  // namespace
+
+std::wstring convertFromUtf8(std::string text) {
+    return WidenText(text, ConvertToWide);
 }
 
 std::string convertToCodePage(std::string codePage, std::wstring text) {

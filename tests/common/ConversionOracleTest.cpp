@@ -276,6 +276,42 @@ TEST(ConvertFromUtf8EqualsConverter, ForRandomTexts) {
     EXPECT_LT(comparison.Untrimmed(), 70000U);
 }
 
+/// Plain characters are converted many at a time: a text of each length around those steps, with
+/// one other character at each place.
+constexpr std::size_t kManySteps = 70;
+
+template <class Text>
+Text PlainText(std::size_t size) {
+    Text text;
+    for (std::size_t at = 0; at < size; ++at) {
+        text += static_cast<typename Text::value_type>(1 + (at * 7 + size) % 0x7F);
+    }
+    return text;
+}
+
+template <class Text, class Comparison>
+void CheckOtherAtEveryPlace(const std::vector<Text>& others, Comparison& comparison) {
+    for (std::size_t size = 0; size <= kManySteps; ++size) {
+        const auto plain = PlainText<Text>(size);
+        comparison.Check(plain);
+        for (const Text& other : others) {
+            for (std::size_t at = 0; at <= size; ++at) {
+                Text text = plain;
+                comparison.Check(text.insert(at, other));
+            }
+        }
+    }
+}
+
+constexpr std::size_t kManyPlaces = (kManySteps + 1) * (kManySteps + 2) / 2;
+
+TEST(ConvertFromUtf8EqualsConverter, ForOneOtherCharacterAtEveryPlaceOfAPlainText) {
+    FromUtf8Comparison comparison;
+    CheckOtherAtEveryPlace<std::string>({"\0"s, "\x80"s, "\xC3\xA9"s, "\xE2\x82\xAC"s, "\xFF"s},
+                                        comparison);
+    EXPECT_EQ(comparison.Untrimmed(), 2 * kManyPlaces);  // two of them are no UTF-8
+}
+
 TEST(ConvertFromUtf8EqualsConverter, ForEveryTruncationOfALongText) {
     RandomTexts random(4711);
     std::string text;
@@ -327,6 +363,14 @@ TEST(ConvertToUtf8EqualsConverter, ForEverySingleCharacter) {
         comparison.Check(Wide({code}));
     }
     EXPECT_GT(comparison.Untrimmed(), 0x800U);
+}
+
+TEST(ConvertToUtf8EqualsConverter, ForOneOtherCharacterAtEveryPlaceOfAPlainText) {
+    ToUtf8Comparison comparison;
+    CheckOtherAtEveryPlace<std::wstring>({Wide({0}), Wide({0x80}), Wide({0x100}), Wide({0x20AC}),
+                                          Wide({0xD800}), Wide({0x10000}), Wide({0xFFFFFFFF})},
+                                         comparison);
+    EXPECT_GE(comparison.Untrimmed(), 2 * kManyPlaces);  // two of them are no characters
 }
 
 /// The characters that CP850 may hold, and samples of all others.
