@@ -111,7 +111,28 @@ bool Contains(const Range (&ranges)[kCount], char32_t code) {
     return range != std::end(ranges) && range->first <= code;
 }
 
+constexpr bool IsIn(char32_t code, char32_t first, char32_t last) {
+    return code >= first && code <= last;
+}
+
+constexpr std::array<std::uint8_t, 256> MakeCharacterUses() {
+    std::array<std::uint8_t, 256> uses{};
+    for (char32_t code = 0; code < 0x80; ++code) {
+        const bool isLetter =
+            IsIn(code, 'A', 'Z') || IsIn(code, 'a', 'z') || code == '_' || code == ':';
+        const bool isNameCharacter = isLetter || IsIn(code, '0', '9') || code == '-' || code == '.';
+        const bool isText = (code >= 0x20 && code != '&' && code != '<' && code != '>') ||
+                            code == '\t' || code == '\n';
+        uses[code] =
+            static_cast<std::uint8_t>((isText ? kInText : 0) | (isNameCharacter ? kInName : 0) |
+                                      (isLetter ? kAtNameStart : 0));
+    }
+    return uses;
+}
+
 }  // namespace
+
+const std::array<std::uint8_t, 256> kCharacterUses = MakeCharacterUses();
 
 bool IsXmlCharacter(char32_t code) {
     return code >= 0x20

@@ -1,7 +1,17 @@
 #ifndef QUAVERA_PLATFORM_XML_CHARACTERS_H_
 #define QUAVERA_PLATFORM_XML_CHARACTERS_H_
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
 namespace ZQXML {
+
+inline constexpr std::string_view kXmlWhiteSpace = " \t\n\r";
+
+/// The mark of encoded text, as it is written in a start tag.
+inline constexpr std::string_view kXmlEncodedMark = R"( encoding="base64")";
 
 /// Whether XML 1.0 text may hold the character, as it stands or as a character reference.
 bool IsXmlCharacter(char32_t code);
@@ -11,6 +21,30 @@ bool IsXmlCharacter(char32_t code);
 /// editions allow more.
 bool IsNameStart(char32_t code);
 bool IsNameCharacter(char32_t code);
+
+/// What an ASCII character may be written as it is for. Nearly all characters are ASCII, so a
+/// look-up comes first.
+enum CharacterUse : std::uint8_t {
+    kInText = 1,
+    kInName = 2,
+    kAtNameStart = 4,
+};
+
+/// The uses of each byte; none of those beyond ASCII.
+extern const std::array<std::uint8_t, 256> kCharacterUses;
+
+inline bool MayStand(char byte, CharacterUse use) {
+    return (kCharacterUses[static_cast<unsigned char>(byte)] & use) != 0;
+}
+
+/// The number of ASCII characters that `text` begins with and that may be written as they are.
+inline std::size_t CountPlain(std::string_view text, CharacterUse use) {
+    std::size_t count = 0;
+    while (count < text.size() && MayStand(text[count], use)) {
+        ++count;
+    }
+    return count;
+}
 
 }  // namespace ZQXML
 

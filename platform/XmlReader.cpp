@@ -10,13 +10,13 @@
 #include <utility>
 #include <vector>
 
+#include "platform/DirectXml.h"
 #include "platform/Node.h"
+#include "platform/XmlCharacters.h"
 #include "platform/XmlText.h"
 
 namespace ZQXML {
 namespace {
-
-constexpr std::string_view kWhiteSpace = " \t\n\r";
 
 bool EqualsIgnoringCase(std::string_view text, std::string_view lowerCase) {
     const auto equal = [](char left, char right) {
@@ -147,7 +147,7 @@ class Reader {
             return;
         }
         takesText_ = false;
-        if (!atChild || text_.find_first_not_of(kWhiteSpace) != std::string::npos) {
+        if (!atChild || text_.find_first_not_of(kXmlWhiteSpace) != std::string::npos) {
             open_.back()->SetText(text_);
         }
     }
@@ -196,13 +196,14 @@ zq::auto_com<INode> ParseXml(std::string_view text, std::string* error) {
     } else if (LooksLikeUtf16(text)) {
         refusal = "line 1, column 1: encoding other than UTF-8";
     }
-    if (refusal == nullptr) {
-        return Reader().Read(text, error);
+    if (refusal != nullptr) {
+        if (error != nullptr) {
+            *error = refusal;
+        }
+        return nullptr;
     }
-    if (error != nullptr) {
-        *error = refusal;
-    }
-    return nullptr;
+    zq::auto_com<INode> root = ReadXmlDirectly(text);
+    return root ? std::move(root) : Reader().Read(text, error);
 }
 
 }  // namespace ZQXML

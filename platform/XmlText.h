@@ -38,8 +38,10 @@ ZQ_API std::string WriteXml(INode* node, bool indent = false);
 /// Accepted is well-formed XML 1.0 in UTF-8, up to `kMaxXmlSize` bytes and `kMaxXmlDepth` levels,
 /// without a document type declaration. An element's text is its character data ahead of its first
 /// child. White space alone there, and all character data behind a child, is dropped; so are
-/// comments, processing instructions and all attributes but the mark. Lines and columns count
-/// from 1, columns in characters.
+/// comments, processing instructions and all attributes but the mark. Names are those of XML 1.0 up
+/// to its fourth edition. Lines and columns count from 1, columns in characters.
+///
+/// A text as `WriteXml` writes it is read several times faster than any other.
 ZQ_API zq::auto_com<INode> ParseXml(std::string_view text, std::string* error = nullptr);
 
 }  // namespace ZQXML

@@ -1,5 +1,3 @@
-#include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,8 +11,6 @@ namespace ZQXML {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
-constexpr std::string_view kWhiteSpace = " \t\n\r";
-constexpr std::string_view kEncodedMark = R"( encoding="base64")";
 
 /// How a character of a text is written where it cannot stand as it is; empty where it can.
 std::string_view Escape(char32_t code) {
@@ -30,45 +26,6 @@ std::string_view Escape(char32_t code) {
         default:
             return IsXmlCharacter(code) ? std::string_view() : kReplacement;
     }
-}
-
-// What an ASCII character may be written as it is for. Nearly all are, so a look-up comes first.
-constexpr std::uint8_t kInText = 1;
-constexpr std::uint8_t kInName = 2;
-constexpr std::uint8_t kAtNameStart = 4;
-
-constexpr bool IsIn(char32_t code, char32_t first, char32_t last) {
-    return code >= first && code <= last;
-}
-
-constexpr std::array<std::uint8_t, 256> MakeUses() {
-    std::array<std::uint8_t, 256> uses{};
-    for (char32_t code = 0; code < 0x80; ++code) {
-        const bool isLetter =
-            IsIn(code, 'A', 'Z') || IsIn(code, 'a', 'z') || code == '_' || code == ':';
-        const bool isNameCharacter = isLetter || IsIn(code, '0', '9') || code == '-' || code == '.';
-        const bool isText = (code >= 0x20 && code != '&' && code != '<' && code != '>') ||
-                            code == '\t' || code == '\n';
-        uses[code] =
-            static_cast<std::uint8_t>((isText ? kInText : 0) | (isNameCharacter ? kInName : 0) |
-                                      (isLetter ? kAtNameStart : 0));
-    }
-    return uses;
-}
-
-constexpr std::array<std::uint8_t, 256> kUses = MakeUses();
-
-bool MayStand(char byte, std::uint8_t use) {
-    return (kUses[static_cast<unsigned char>(byte)] & use) != 0;
-}
-
-/// The number of characters that `text` begins with and that may be written as they are.
-std::size_t CountPlain(std::string_view text, std::uint8_t use) {
-    std::size_t count = 0;
-    while (count < text.size() && MayStand(text[count], use)) {
-        ++count;
-    }
-    return count;
 }
 
 void AppendText(std::string& out, std::string_view text) {
@@ -159,7 +116,7 @@ class Writer {
         AppendName(out_, view.Name());
         const std::size_t nameSize = out_.size() - nameAt;
         if (node->IsEncoded()) {
-            out_ += kEncodedMark;
+            out_ += kXmlEncodedMark;
         }
         const std::string_view text = view.Text();
         const bool hasChildren = node->HasChildren();
@@ -171,7 +128,7 @@ class Writer {
         AppendText(out_, text);
         if (hasChildren) {
             INodeList* const children = node->GetChildren();
-            const bool hasText = text.find_first_not_of(kWhiteSpace) != std::string_view::npos;
+            const bool hasText = text.find_first_not_of(kXmlWhiteSpace) != std::string_view::npos;
             open_.push_back({nameAt, nameSize, children, children->First(), hasText});
         } else {
             AppendEndTag(nameAt, nameSize);

@@ -94,6 +94,15 @@ TEST_F(MallocFailure, ReadingIsCompleteOrThrows) {
     }));
 }
 
+TEST_F(MallocFailure, ReadingOfAWrittenTextTakesNoParser) {
+    const Tree tree = ZQXML::ParseXml(Document());
+    const std::string text = ZQXML::WriteXml(tree.get(), true);
+    const auto count = [](const std::string& document) {
+        return allocation::CountAllocations([&] { ZQXML::ParseXml(document); });
+    };
+    EXPECT_LT(2 * count(text), count(text + "<!-- -->"));
+}
+
 TEST_F(MallocFailure, RefusingThrowsOrExplains) {
     const std::string whole = Document();
     for (const std::string& text : {whole + "x", whole.substr(0, whole.size() - 3),

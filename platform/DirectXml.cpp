@@ -1,0 +1,169 @@
+#include "platform/DirectXml.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/Utf8.h"
+#include "platform/Node.h"
+#include "platform/XmlCharacters.h"
+#include "platform/XmlText.h"
+
+namespace ZQXML {
+namespace {
+
+struct Reference {
+    std::string_view written;
+    char meaning;
+};
+
+constexpr Reference kReferences[] = {{"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&#13;", '\r'}};
+
+/// Reads from the front of a text. Each step that reads tells whether it found what it can read; if
+/// not, the text is not one for this reader, and what is left of it of no use.
+class DirectReader {
+ public:
+    explicit DirectReader(std::string_view text) : rest_(text) {}
+
+    zq::auto_com<INode> Read() {
+        SkipWhiteSpace();
+        bool isPlain = Skip("<") && ReadElement();
+        while (isPlain && !open_.empty()) {
+            isPlain = Skip("</") ? ReadEndTag() : Skip("<") && ReadElement();
+        }
+        SkipWhiteSpace();
+        return isPlain && rest_.empty() ? std::move(root_) : nullptr;
+    }
+
+ private:
+    /// An element whose end tag is still to come.
+    struct Element {
+        Node* node;
+        std::string_view name;
+    };
+
+    bool Skip(std::string_view expected) {
+        const bool isThere = rest_.substr(0, expected.size()) == expected;
+        if (isThere) {
+            rest_.remove_prefix(expected.size());
+        }
+        return isThere;
+    }
+
+    void SkipWhiteSpace() {
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(kXmlWhiteSpace), rest_.size()));
+    }
+
+    std::string_view Take(std::size_t size) {
+        const std::string_view taken = rest_.substr(0, size);
+        rest_.remove_prefix(size);
+        return taken;
+    }
+
+    /// An element whole, or up to its first child, from behind its "<".
+    bool ReadElement() {
+        if (rest_.empty() || !MayStand(rest_[0], kAtNameStart) || open_.size() == kMaxXmlDepth) {
+            return false;
+        }
+        const std::string_view name = Take(CountPlain(rest_, kInName));
+        const bool isEncoded = Skip(kXmlEncodedMark);
+        if (Skip("/>")) {
+            Add(name, {}, isEncoded);
+            return SkipText();
+        }
+        std::string_view text;
+        if (!Skip(">") || !ReadText(&text)) {
+            return false;
+        }
+        if (Skip("</")) {
+            Add(name, text, isEncoded);
+            return Skip(name) && Skip(">") && SkipText();
+        }
+        const bool isLayout = text.find_first_not_of(kXmlWhiteSpace) == std::string_view::npos;
+        open_.push_back({Add(name, isLayout ? std::string_view() : text, isEncoded), name});
+        return true;
+    }
+
+    /// From behind its "</".
+    bool ReadEndTag() {
+        if (!Skip(open_.back().name) || !Skip(">")) {
+            return false;
+        }
+        open_.pop_back();
+        return SkipText();
+    }
+
+    Node* Add(std::string_view name, std::string_view text, bool isEncoded) {
+        Node* const node = root_ ? open_.back().node->AddElement(name, text) : AddRoot(name, text);
+        node->SetEncoded(isEncoded);
+        return node;
+    }
+
+    Node* AddRoot(std::string_view name, std::string_view text) {
+        root_ = CreateXmlNode();
+        Node* const node = static_cast<Node*>(root_.get());
+        node->SetNameAndText(name, text);
+        return node;
+    }
+
+    /// Character data behind an element: it stands in no tree.
+    bool SkipText() {
+        std::string_view text;
+        return open_.empty() || ReadText(&text);
+    }
+
+    /// Character data, up to the next "<": most texts are seen in place.
+    bool ReadText(std::string_view* text) {
+        *text = Take(CountCharacters());
+        if (IsAtTag()) {
+            return true;
+        }
+        text_ = *text;
+        while (ReadReference()) {
+            text_ += Take(CountCharacters());
+        }
+        *text = text_;
+        return IsAtTag();
+    }
+
+    bool IsAtTag() const { return !rest_.empty() && rest_[0] == '<'; }
+
+    bool ReadReference() {
+        for (const Reference& reference : kReferences) {
+            if (Skip(reference.written)) {
+                text_ += reference.meaning;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// The number of bytes of the characters ahead that stand for themselves.
+    std::size_t CountCharacters() const {
+        std::size_t count = CountPlain(rest_, kInText);
+        while (count < rest_.size() && static_cast<unsigned char>(rest_[count]) >= 0x80) {
+            const zq::Utf8Character character = zq::FirstCharacter(rest_.substr(count));
+            if (character.size == 0 || !IsXmlCharacter(character.code)) {
+                return count;
+            }
+            count += character.size;
+            count += CountPlain(rest_.substr(count), kInText);
+        }
+        return count;
+    }
+
+    std::string_view rest_;
+    zq::auto_com<INode> root_;
+    std::vector<Element> open_;
+    std::string text_;  // of the latest element, where it is not written as it is
+};
+
+}  // namespace
+
+zq::auto_com<INode> ReadXmlDirectly(std::string_view text) {
+    return DirectReader(text).Read();
+}
+
+}  // namespace ZQXML

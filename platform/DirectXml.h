@@ -1,0 +1,19 @@
+#ifndef QUAVERA_PLATFORM_DIRECT_XML_H_
+#define QUAVERA_PLATFORM_DIRECT_XML_H_
+
+#include <string_view>
+
+#include "platform/AutoCom.h"
+#include "platform/XmlNode.h"
+
+namespace ZQXML {
+
+/// `ParseXml` of a text as `WriteXml` writes it, which is what nearly all texts are: elements with
+/// ASCII names, without attributes but the mark, and character data with the references that
+/// `WriteXml` makes. Empty for every other text, well-formed or not: what is to become of those is
+/// for expat to tell, which takes several times as long.
+zq::auto_com<INode> ReadXmlDirectly(std::string_view text);
+
+}  // namespace ZQXML
+
+#endif  // QUAVERA_PLATFORM_DIRECT_XML_H_
