@@ -23,29 +23,39 @@ constexpr Utf8Character FirstCharacter(std::string_view text) {
     const auto byte = [text](std::size_t at) {
         return char32_t{static_cast<unsigned char>(text[at])};
     };
-    const auto isTrail = [&byte](std::size_t at) { return (byte(at) & 0xC0) == 0x80; };
-    const auto bits = [&byte](std::size_t at) { return byte(at) & 0x3F; };
+    // The six bits of a trail byte; of any other byte, more than that.
+    constexpr char32_t kBits = 0x3F;
+    const auto trail = [&byte](std::size_t at) { return byte(at) ^ 0x80; };
     const char32_t first = byte(0);
     if (first < 0x80) {
         return {first, 1};
     }
     if (first < 0xE0) {
-        return first >= 0xC2 && text.size() >= 2 && isTrail(1)
-                   ? Utf8Character{(first & 0x1F) << 6 | bits(1), 2}
-                   : kNoUtf8;
-    }
-    if (first < 0xF0) {
-        if (text.size() < 3 || !isTrail(1) || !isTrail(2)) {
+        if (first < 0xC2 || text.size() < 2) {
             return kNoUtf8;
         }
-        const char32_t code = (first & 0xF) << 12 | bits(1) << 6 | bits(2);
-        return code >= 0x800 && !IsSurrogate(code) ? Utf8Character{code, 3} : kNoUtf8;
+        const char32_t second = trail(1);
+        return second <= kBits ? Utf8Character{(first & 0x1F) << 6 | second, 2} : kNoUtf8;
     }
-    if (first >= 0xF8 || text.size() < 4 || !isTrail(1) || !isTrail(2) || !isTrail(3)) {
+    if (first < 0xF0) {
+        if (text.size() < 3) {
+            return kNoUtf8;
+        }
+        const char32_t second = trail(1);
+        const char32_t third = trail(2);
+        const char32_t code = (first & 0xF) << 12 | second << 6 | third;
+        const bool isUtf8 = (second | third) <= kBits && code >= 0x800 && !IsSurrogate(code);
+        return isUtf8 ? Utf8Character{code, 3} : kNoUtf8;
+    }
+    if (first >= 0xF8 || text.size() < 4) {
         return kNoUtf8;
     }
-    const char32_t code = (first & 7) << 18 | bits(1) << 12 | bits(2) << 6 | bits(3);
-    return code >= 0x10000 && code <= 0x10FFFF ? Utf8Character{code, 4} : kNoUtf8;
+    const char32_t second = trail(1);
+    const char32_t third = trail(2);
+    const char32_t fourth = trail(3);
+    const char32_t code = (first & 7) << 18 | second << 12 | third << 6 | fourth;
+    const bool isUtf8 = (second | third | fourth) <= kBits && code >= 0x10000 && code <= 0x10FFFF;
+    return isUtf8 ? Utf8Character{code, 4} : kNoUtf8;
 }
 
 }  // namespace zq

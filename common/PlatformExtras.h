@@ -97,8 +97,7 @@ class ChildWalk {
     explicit ChildWalk(ZQXML::INode* element) : element_(element) {}
 
     bool Next() {
-        // At the beginning and at the end there is none to leave.
-        view_ += view_ < end_ ? 1 : 0;
+        ++view_;
         return view_ < end_ || More();
     }
 
@@ -116,15 +115,16 @@ class ChildWalk {
     static constexpr unsigned int kRoom = 16;
 
     bool More() {
+        view_ = views_;
+        end_ = views_;
         if (element_ == nullptr) {
             return false;
         }
         const unsigned int count = element_->ViewChildren(last_, views_, kRoom, copies_);
-        view_ = views_;
-        end_ = views_ + count;
-        if (count == 0) {
-            element_ = nullptr;
-            return false;
+        end_ += count;
+        if (count != 1 && count < kRoom) {
+            element_ = nullptr;  // these are the last ones
+            return count > 0;
         }
         last_ = end_[-1].node;
         return true;

@@ -16,13 +16,25 @@ constexpr std::size_t kLargestBlockSize = 16384;
 constexpr std::uint32_t kProbes = 8;
 constexpr std::uint32_t kFirstSlotCount = 16;
 constexpr std::uint32_t kLargestSlotCount = 1024;
+constexpr std::uint32_t kNever = std::numeric_limits<std::uint32_t>::max();
 
+/// Of the name's size and ends only: they tell the names of records apart.
 std::uint32_t HashName(std::string_view name) {
-    std::uint32_t hash = 2166136261U;  // FNV-1a
-    for (const char character : name) {
-        hash = (hash ^ static_cast<unsigned char>(character)) * 16777619U;
+    constexpr std::size_t kEnd = sizeof(std::uint32_t);
+    std::uint32_t first = 0;
+    std::uint32_t last = 0;
+    if (name.size() >= kEnd) {
+        first = zq::LoadWord<std::uint32_t>(name.data());
+        last = zq::LoadWord<std::uint32_t>(name.data() + name.size() - kEnd);
+    } else if (!name.empty()) {
+        first = static_cast<unsigned char>(name.front());
+        last = static_cast<unsigned char>(name.back());
     }
-    return hash;
+    // Fibonacci hashing: the upper bits of the product depend on all of the factor's.
+    constexpr std::uint32_t kGolden = 0x9E3779B9;
+    const std::uint32_t mixed =
+        (first ^ (last * kGolden)) + static_cast<std::uint32_t>(name.size());
+    return (mixed * kGolden) >> 16;
 }
 
 void CheckSize(std::size_t size) {
@@ -74,43 +86,40 @@ char* Arena::AllocateElsewhere(std::size_t size) {
     return back_ -= size;
 }
 
-void Arena::FindOrAddName(std::string_view name) {
-    CheckSize(name.size());
-    Name* const found = Lookup(name);
-    if (latestName_ != nullptr) {
-        latestName_->successor = found;
-    }
-    latestName_ = found;
-}
-
-Name* Arena::Lookup(std::string_view name) {
-    if (nameCount_ * 2 >= slotCount_ && slotCount_ < kLargestSlotCount) {
+const Name* Arena::FindOrAddName(std::string_view name) {
+    if (nameCount_ == fullAt_) {
         GrowNameTable();
     }
     const std::uint32_t hash = HashName(name);
-    for (std::uint32_t probe = 0; probe < kProbes; ++probe) {
-        Name*& slot = slots_[(hash + probe) % slotCount_];
+    Name* found = nullptr;
+    for (std::uint32_t probe = 0; found == nullptr && probe < kProbes; ++probe) {
+        Name*& slot = slots_[(hash + probe) & (slotCount_ - 1)];
         if (slot == nullptr) {
-            slot = NewName(name, hash);
+            found = slot = NewName(name, hash);
             ++nameCount_;
-            return slot;
-        }
-        if (slot->hash == hash && slot->View() == name) {
-            return slot;
+        } else if (slot->hash == hash && zq::IsSameText(slot->View(), name)) {
+            found = slot;
         }
     }
-    return NewName(name, hash);
+    if (found == nullptr) {
+        found = NewName(name, hash);
+    }
+    if (latestName_ != nullptr) {
+        latestName_->successor = found;
+    }
+    return latestName_ = found;
 }
 
-Name* Arena::NewName(std::string_view name, std::uint32_t hash) {
+inline Name* Arena::NewName(std::string_view name, std::uint32_t hash) {
+    CheckSize(name.size());
     void* const memory = Allocate(sizeof(Name) + name.size());
     Name* const stored =
         ::new (memory) Name{static_cast<std::uint32_t>(name.size()), hash, nullptr};
-    std::copy(name.begin(), name.end(), reinterpret_cast<char*>(stored + 1));
+    zq::CopyText(name, reinterpret_cast<char*>(stored + 1));
     return stored;
 }
 
-void Arena::GrowNameTable() {
+[[gnu::noinline]] void Arena::GrowNameTable() {
     const std::uint32_t count = slotCount_ == 0 ? kFirstSlotCount : slotCount_ * 4;
     auto** const slots = static_cast<Name**>(Allocate(count * sizeof(void*)));
     std::fill_n(slots, count, nullptr);
@@ -119,15 +128,16 @@ void Arena::GrowNameTable() {
             continue;
         }
         std::uint32_t probe = 0;
-        while (probe < kProbes && slots[(slots_[old]->hash + probe) % count] != nullptr) {
+        while (probe < kProbes && slots[(slots_[old]->hash + probe) & (count - 1)] != nullptr) {
             ++probe;
         }
         if (probe < kProbes) {
-            slots[(slots_[old]->hash + probe) % count] = slots_[old];
+            slots[(slots_[old]->hash + probe) & (count - 1)] = slots_[old];
         }
     }
     slots_ = slots;
     slotCount_ = count;
+    fullAt_ = count < kLargestSlotCount ? count / 4 * 3 : kNever;
 }
 
 }  // namespace ZQXML

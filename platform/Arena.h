@@ -19,6 +19,9 @@ struct Name {
     std::string_view View() const { return {reinterpret_cast<const char*>(this + 1), size}; }
 };
 
+/// The empty name, which is kept in no arena.
+inline constexpr Name kNoName = {0, 0, nullptr};
+
 /// The memory of the elements that were made under one created node: blocks of growing size,
 /// filled from both ends (elements and names from the front, texts from the back) and freed
 /// together. It lives as long as somebody pins it; it is created with one pin.
@@ -53,15 +56,9 @@ class Arena {
     char* AllocateText(std::size_t size) {
         return size <= kLargeText && size <= FreeSpace() ? back_ -= size : AllocateElsewhere(size);
     }
-    /// Both at once.
-    void* Allocate(std::size_t size, std::size_t textSize, char** text) {
-        const std::size_t rounded = RoundUp(size);
-        if (textSize <= kLargeText && rounded + textSize <= FreeSpace()) {
-            *text = back_ -= textSize;
-            return std::exchange(front_, front_ + rounded);
-        }
-        *text = AllocateText(textSize);
-        return Allocate(size);
+    /// Whether there is room for both without another block, so that allocating them cannot fail.
+    bool HasRoom(std::size_t size, std::size_t textSize) const {
+        return textSize <= kLargeText && RoundUp(size) + textSize <= FreeSpace();
     }
     /// A copy of `text`, which may hold any bytes.
     const char* StoreText(std::string_view text) {
@@ -71,14 +68,17 @@ class Arena {
     }
     /// The arena's copy of `name`, shared with earlier uses of the same name where it is found.
     const Name* StoreName(std::string_view name) {
-        // Records repeat not only their names but the order of them: a comparison saves the search.
+        const Name* const expected = ExpectedName(name);
+        return expected == nullptr ? FindOrAddName(name) : expected;
+    }
+    /// The same, or null if it takes a search. Records repeat not only their names but the order of
+    /// them, so that a comparison mostly saves it.
+    const Name* ExpectedName(std::string_view name) {
         Name* const expected = latestName_ == nullptr ? nullptr : latestName_->successor;
-        if (expected != nullptr && zq::IsSameText(expected->View(), name)) {
-            latestName_ = expected;
-        } else {
-            FindOrAddName(name);
+        if (expected == nullptr || !zq::IsSameText(expected->View(), name)) {
+            return nullptr;
         }
-        return latestName_;
+        return latestName_ = expected;
     }
 
     /// Links from elements of this arena to children in other arenas.
@@ -104,8 +104,7 @@ class Arena {
     char* NewBlock(std::size_t size);
     void StartBlock(std::size_t needed);
     char* AllocateElsewhere(std::size_t size);
-    void FindOrAddName(std::string_view name);
-    Name* Lookup(std::string_view name);
+    const Name* FindOrAddName(std::string_view name);
     Name* NewName(std::string_view name, std::uint32_t hash);
     void GrowNameTable();
     void Destroy();
@@ -114,9 +113,10 @@ class Arena {
     char* back_;
     Block* blocks_ = nullptr;
     Name** slots_ = nullptr;
-    Name* latestName_ = nullptr;  // the one that was stored or found last
-    std::uint32_t slotCount_ = 0;
-    std::uint32_t nameCount_ = 0;
+    Name* latestName_ = nullptr;   // the one that was stored or found last
+    std::uint32_t slotCount_ = 0;  // a power of two
+    std::uint32_t nameCount_ = 0;  // in the slots
+    std::uint32_t fullAt_ = 0;     // with that many names the slots have to become more
     std::size_t nextBlockSize_ = 0;
     std::size_t pins_ = 1;
 };

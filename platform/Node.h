@@ -80,9 +80,7 @@ class Node final : public INode {
     static constexpr std::uint32_t kReference = 4;  // held by a caller; the tree's own is parent_
 
     bool IsReferenced() const { return state_ >= kReference; }
-    std::string_view NameText() const {
-        return name_ == nullptr ? std::string_view() : name_->View();
-    }
+    std::string_view NameText() const { return name_->View(); }
     bool IsInBytes() const { return (state_ & kInBytes) != 0; }
     void SetMarks(std::uint32_t marks) { state_ = (state_ & ~(kEncoded | kInBytes)) | marks; }
     /// The text, or the bytes that it stands for.
@@ -91,7 +89,8 @@ class Node final : public INode {
         const std::string_view name = NameText();
         return {this, name.data(), name.size(), text_, textSize_, IsInBytes()};
     }
-    Node* NewLeaf(std::string_view name, std::size_t textSize, char** text);
+    Node* AddLeaf(const Name* name, std::string_view text);
+    Node* AddUnexpected(std::string_view name, std::string_view text);
     const Name* StoredName(std::string_view name);
     ChildList* Children();
     Node* FirstChild() const { return children_ == nullptr ? nullptr : children_->first_; }
@@ -107,7 +106,7 @@ class Node final : public INode {
     Node* parent_ = nullptr;
     Node* next_ = nullptr;  // the next sibling; in a tree that is being destroyed, the next to go
     ChildList* children_ = nullptr;
-    const Name* name_ = nullptr;  // null: empty
+    const Name* name_ = &kNoName;
     const char* text_ = nullptr;
     std::uint32_t textSize_ = 0;
     std::uint32_t state_;  // marks, and kReference times the number of references

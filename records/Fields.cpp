@@ -62,8 +62,11 @@ void ElementWriter::ValuesUnlessEmpty(std::string_view name,
 
 std::size_t ChildReader::CountChildren() {
     std::size_t count = 0;
-    for (ChildReader item(Child()); item.Next();) {
-        ++count;
+    ZQXML::INodeList* const children = Child()->GetChildren();
+    if (children != nullptr && children->First() != nullptr) {
+        do {
+            ++count;
+        } while (children->Next() != nullptr);
     }
     return count;
 }

@@ -226,19 +226,33 @@ TEST(WideTree, OfAppendedNodes) {
     });
 }
 
+/// Adds a child of each name that `nameOf` gives for a number, twice, and looks at them.
+template <class NameOf>
+void CheckDistinctNames(NameOf nameOf) {
+    constexpr int kDistinct = kCount / 2;
+    const Tree root = NewNode("root");
+    for (int index = 0; index < kCount; ++index) {
+        root->AddChild(nameOf(index % kDistinct), "");
+    }
+    int index = 0;
+    ZQXML::INodeList* const list = root->GetChildren();
+    for (ZQXML::INode* child = list->First(); child != nullptr; child = list->Next()) {
+        ASSERT_EQ(child->GetName(), nameOf(index % kDistinct));
+        ++index;
+    }
+    EXPECT_EQ(index, kCount);
+}
+
 TEST(WideTree, OfDistinctNames) {
+    RunOnSmallStack(
+        [] { CheckDistinctNames([](int index) { return 'n' + std::to_string(index); }); });
+}
+
+/// Names that are told apart late, if they are looked up by their size and ends.
+TEST(WideTree, OfNamesThatDifferInTheMiddle) {
     RunOnSmallStack([] {
-        const Tree root = NewNode("root");
-        for (int index = 0; index < kCount; ++index) {
-            root->AddChild('n' + std::to_string(index), "");
-        }
-        int index = 0;
-        ZQXML::INodeList* const list = root->GetChildren();
-        for (ZQXML::INode* child = list->First(); child != nullptr; child = list->Next()) {
-            ASSERT_EQ(child->GetName(), 'n' + std::to_string(index));
-            ++index;
-        }
-        EXPECT_EQ(index, kCount);
+        CheckDistinctNames(
+            [](int index) { return "Name" + std::to_string(1000000 + index) + "Name"; });
     });
 }
 
