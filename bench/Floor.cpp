@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdlib>
@@ -154,8 +155,9 @@ Bytes Decode(std::size_t size) {
     return {static_cast<std::size_t>(to - decoded), (all & kHighBits) == 0};
 }
 
-bool IsTrail(char byte) {
-    return (Code(byte) & 0xC0) == 0x80;
+/// The six bits of a trail byte; of any other, more.
+std::uint32_t TrailBits(char byte) {
+    return Code(byte) ^ 0x80;
 }
 
 /// Strict UTF-8 from `decoded` into `wide`; the number of characters.
@@ -163,26 +165,33 @@ std::size_t Widen(std::size_t size) {
     const char* from = decoded;
     const char* const end = from + size;
     wchar_t* to = wide;
-    const auto trail = [&from](int at) { return Code(from[at]) & 0x3F; };
     decoded[size] = decoded[size + 1] = decoded[size + 2] = 0;  // ends a sequence that is cut
     while (from < end) {
         const std::uint32_t first = Code(*from);
         std::uint32_t code = first;
         if (first < 0x80) {
             from += 1;
-        } else if (first >= 0xC2 && first < 0xE0 && IsTrail(from[1])) {
-            code = (first & 0x1F) << 6 | trail(1);
+        } else if (first >= 0xC2 && first < 0xE0) {
+            const std::uint32_t second = TrailBits(from[1]);
+            code = (first & 0x1F) << 6 | second;
+            if (second > 0x3F) {
+                Fail();
+            }
             from += 2;
-        } else if (first >= 0xE0 && first < 0xF0 && IsTrail(from[1]) && IsTrail(from[2])) {
-            code = (first & 0xF) << 12 | trail(1) << 6 | trail(2);
-            if (code < 0x800 || (code >= 0xD800 && code <= 0xDFFF)) {
+        } else if (first >= 0xE0 && first < 0xF0) {
+            const std::uint32_t second = TrailBits(from[1]);
+            const std::uint32_t third = TrailBits(from[2]);
+            code = (first & 0xF) << 12 | second << 6 | third;
+            if ((second | third) > 0x3F || code < 0x800 || (code >= 0xD800 && code <= 0xDFFF)) {
                 Fail();
             }
             from += 3;
-        } else if (first >= 0xF0 && first < 0xF8 && IsTrail(from[1]) && IsTrail(from[2]) &&
-                   IsTrail(from[3])) {
-            code = (first & 7) << 18 | trail(1) << 12 | trail(2) << 6 | trail(3);
-            if (code < 0x10000 || code > 0x10FFFF) {
+        } else if (first >= 0xF0 && first < 0xF8) {
+            const std::uint32_t second = TrailBits(from[1]);
+            const std::uint32_t third = TrailBits(from[2]);
+            const std::uint32_t fourth = TrailBits(from[3]);
+            code = (first & 7) << 18 | second << 12 | third << 6 | fourth;
+            if ((second | third | fourth) > 0x3F || code < 0x10000 || code > 0x10FFFF) {
                 Fail();
             }
             from += 4;
@@ -407,10 +416,24 @@ void FillAlbum(const SoapAlbum& soap, Record& album) {
 
 // --- The log text ------------------------------------------------------------------------------
 
-/// Writes pieces one behind the other, into memory that is known to suffice.
+/// Writes pieces one behind the other into a string, whose memory is known to suffice. A string has
+/// to be filled before it is written to, which is done a little ahead of the writing.
 class Pen {
  public:
-    explicit Pen(char* at) : at_(at) {}
+    explicit Pen(std::size_t size) {
+        text_.reserve(size);
+        at_ = text_.data();
+    }
+
+    /// Makes room for that much, for pieces that are then written without looking.
+    void Ensure(std::size_t room) {
+        constexpr std::size_t kAhead = 1024;
+        const std::size_t size = Size();
+        if (text_.size() - size < room) {
+            text_.resize(size + room + kAhead);
+            at_ = text_.data() + size;
+        }
+    }
 
     template <std::size_t Size>
     void Label(const char (&text)[Size]) {
@@ -418,14 +441,88 @@ class Pen {
         at_ += Size - 1;
     }
 
-    void Plain(std::string_view text) {
-        std::memcpy(at_, text.data(), text.size());
+    /// Any string of the library has memory for 15 characters and a zero, and so have we.
+    void Plain(const std::string& text) {
+        constexpr std::size_t kShort = 16;
+        if (text.size() < kShort) {
+            std::memcpy(at_, text.data(), kShort);
+        } else {
+            text.copy(at_, text.size());
+        }
         at_ += text.size();
     }
 
     void Display(const std::wstring& text) {
+        const std::size_t done = text.size() >= 16  ? PutSteps<16>(text)
+                                 : text.size() >= 8 ? PutSteps<8>(text)
+                                                    : 0;
+        at_ += done;
+        if (done != text.size()) {
+            DisplayRest(text, done);
+        }
+    }
+
+    void Number(int value) {
+        char digits[32];
+        const char* const end = digits + 16;
+        const char* const begin = PutNumber(value, digits + 16);
+        std::memcpy(at_, begin, 16);
+        at_ += end - begin;
+    }
+
+    void Flag(bool value) {
+        if (value) {
+            Label("true");
+        } else {
+            Label("false");
+        }
+    }
+
+    std::size_t Capacity() const { return text_.capacity(); }
+
+    std::string Take() {
+        text_.resize(Size());
+        return std::move(text_);
+    }
+
+ private:
+    std::size_t Size() const { return static_cast<std::size_t>(at_ - text_.data()); }
+
+    /// As many characters, if all are ASCII; tells whether they are.
+    template <std::size_t kStep>
+    static bool PutStep(const wchar_t* __restrict from, char* __restrict to) {
+        std::uint64_t all = 0;
+        for (std::size_t at = 0; at < kStep; at += 2) {
+            std::uint64_t two = 0;
+            std::memcpy(&two, from + at, sizeof two);
+            all |= two;
+        }
+        if ((all & 0xFFFFFF80FFFFFF80) != 0) {
+            return false;
+        }
+        for (std::size_t at = 0; at < kStep; ++at) {
+            to[at] = static_cast<char>(from[at]);
+        }
+        return true;
+    }
+
+    /// ASCII characters that the text begins with; their number.
+    template <std::size_t kStep>
+    std::size_t PutSteps(const std::wstring& text) const {
+        const std::size_t last = text.size() - kStep;
+        std::size_t at = 0;
+        do {
+            if (!PutStep<kStep>(&text[at], at_ + at)) {
+                return at;
+            }
+            at += kStep;
+        } while (at < last);
+        return PutStep<kStep>(&text[last], at_ + last) ? text.size() : last;
+    }
+
+    [[gnu::noinline]] void DisplayRest(const std::wstring& text, std::size_t start) {
         char* to = at_;
-        for (const wchar_t character : text) {
+        for (const wchar_t character : std::wstring_view(text).substr(start)) {
             const auto code = static_cast<char32_t>(character);
             if (code < 0x80) {
                 *to++ = static_cast<char>(code);
@@ -446,28 +543,16 @@ class Pen {
         at_ = to;
     }
 
-    void Number(int value) {
-        char digits[16];
-        const char* const begin = PutNumber(value, digits + sizeof digits);
-        Plain(std::string_view(begin, static_cast<std::size_t>(digits + sizeof digits - begin)));
-    }
-
-    void Flag(bool value) {
-        if (value) {
-            Label("true");
-        } else {
-            Label("false");
-        }
-    }
-
-    const char* At() const { return at_; }
-
- private:
-    char* at_;
+    std::string text_;
+    char* at_ = nullptr;
 };
+
+constexpr std::size_t kRoomPerAlbum = 8 * kLongestText;
+constexpr std::size_t kRoomPerTrack = 4 * kLongestText;
 
 template <class Track>
 void PutTrack(const Track& track, Pen& pen) {
+    pen.Ensure(kRoomPerTrack);
     pen.Label("Track AlbumId = ");
     pen.Plain(track.albumId);
     pen.Label("\r\nAlbumId = ");
@@ -529,6 +614,7 @@ void PutSummary(const Record& album, Pen& pen) {
 
 template <class Record>
 void PutAlbum(const Record& album, Pen& pen) {
+    pen.Ensure(kRoomPerAlbum);
     pen.Label("AlbumArt70x70Url = ");
     pen.Plain(album.albumArt70x70Url);
     pen.Label("\r\ncopyright = ");
@@ -550,6 +636,7 @@ void PutAlbum(const Record& album, Pen& pen) {
     for (const auto& track : album.tracks) {
         PutTrack(track, pen);
     }
+    pen.Ensure(kRoomPerAlbum);
     pen.Label("upccode = ");
     pen.Plain(album.upccode);
     pen.Label("\r\n");
@@ -564,30 +651,16 @@ class Floor final : public Contender {
     void Free() override {}
     void Drop() override { record_.reset(); }
 
-    /// One string of just the size that is needed, which the floor knows beforehand.
+    /// One string of a size that the floor knows beforehand.
     std::string Text() override {
-        if (textSize_ == 0) {
-            std::string room(kRoomPerAlbum + kRoomPerTrack * record_->tracks.size(), '\0');
-            textSize_ = Print(room);
-        }
-        std::string text(textSize_, '\0');
-        if (Print(text) != textSize_) {
-            Fail();
-        }
-        return text;
+        Pen pen(textSize_);
+        PutAlbum(*record_, pen);
+        textSize_ = std::max(textSize_, pen.Capacity());
+        return pen.Take();
     }
     std::string Unprinted() const override { return UnprintedOf(*record_); }
 
  private:
-    static constexpr std::size_t kRoomPerAlbum = 8 * kLongestText;
-    static constexpr std::size_t kRoomPerTrack = 4 * kLongestText;
-
-    std::size_t Print(std::string& text) const {
-        Pen pen(text.data());
-        PutAlbum(*record_, pen);
-        return static_cast<std::size_t>(pen.At() - text.data());
-    }
-
     const SoapAlbum* soap_ = nullptr;
     std::optional<Record> record_;
     std::size_t textSize_ = 0;

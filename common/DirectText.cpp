@@ -22,31 +22,51 @@ char32_t Code(char byte) {
 // Plain characters are converted in steps of 16, or 8 in a short text; the last step overlaps the
 // one before it. The compiler makes a handful of vector instructions of each.
 
-/// Whether the characters of a step are ASCII characters other than zero. Words of characters are
-/// looked at.
-template <std::size_t kStep, class Unit>
-bool ArePlain(const Unit* text) {
-    using Word = std::uint64_t;
-    constexpr Word kOnes = ~Word{0} / static_cast<std::make_unsigned_t<Unit>>(-1);
-    constexpr Word kBeyondAscii = ~(kOnes * 0x7F);
-    Word outside = 0;
-    for (std::size_t at = 0; at < kStep; at += sizeof(Word) / sizeof(Unit)) {
-        const auto word = zq::LoadWord<Word>(text + at);
-        outside |= word | (word - kOnes);  // a zero borrows from the bits beyond ASCII
+/// Whether the bytes of a step are ASCII characters other than zero. Words of them are looked at.
+template <std::size_t kStep>
+bool ArePlain(const char* text) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101;
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    std::uint64_t outside = 0;
+    for (std::size_t at = 0; at < kStep; at += sizeof outside) {
+        const auto bytes = zq::LoadWord<std::uint64_t>(text + at);
+        outside |= bytes | (bytes - kOnes);  // without a high bit set, only a zero byte borrows one
     }
-    return (outside & kBeyondAscii) == 0;
+    return (outside & kHighBits) == 0;
+}
+
+/// Whether the characters of a step are ASCII characters, zeros included.
+template <std::size_t kStep>
+bool AreAscii(const wchar_t* text) {
+    constexpr std::uint64_t kBeyondAscii = 0xFFFFFF80FFFFFF80;
+    std::uint64_t all = 0;
+    for (std::size_t at = 0; at < kStep; at += sizeof all / sizeof *text) {
+        all |= zq::LoadWord<std::uint64_t>(text + at);
+    }
+    return (all & kBeyondAscii) == 0;
 }
 
 /// Converts a step if all of it is plain; tells whether it did.
-template <std::size_t kStep, class From, class To>
-bool ConvertStep(const From* __restrict from, To* __restrict to) {
+template <std::size_t kStep>
+bool ConvertStep(const char* __restrict from, wchar_t* __restrict to) {
     if (!ArePlain<kStep>(from)) {
         return false;
     }
     for (std::size_t at = 0; at < kStep; ++at) {
-        to[at] = static_cast<To>(static_cast<std::make_unsigned_t<From>>(from[at]));
+        to[at] = static_cast<unsigned char>(from[at]);
     }
     return true;
+}
+
+template <std::size_t kStep>
+bool ConvertStep(const wchar_t* __restrict from, char* __restrict to) {
+    if (!AreAscii<kStep>(from)) {
+        return false;
+    }
+    for (std::size_t at = 0; at < kStep; ++at) {
+        to[at] = static_cast<char>(from[at]);
+    }
+    return ArePlain<kStep>(to);  // zeros are found in fewer words
 }
 
 template <std::size_t kStep, class From, class To>
@@ -75,14 +95,24 @@ char Trail(char32_t code, unsigned shift) {
     return static_cast<char>(0x80 | ((code >> shift) & 0x3F));
 }
 
-/// Writes a character beyond ASCII; the place behind it.
-char* PutManyBytes(char32_t code, char* to) {
+/// Writes a character; the place behind it, or null for what is none, and for a zero.
+char* PutCharacter(char32_t code, char* to) {
+    if (code < 0x80) {
+        *to++ = static_cast<char>(code);
+        return code == 0 ? nullptr : to;
+    }
     if (code < 0x800) {
         *to++ = static_cast<char>(0xC0 | (code >> 6));
     } else if (code < 0x10000) {
+        if (zq::IsSurrogate(code)) {
+            return nullptr;
+        }
         *to++ = static_cast<char>(0xE0 | (code >> 12));
         *to++ = Trail(code, 6);
     } else {
+        if (code > 0x10FFFF) {
+            return nullptr;
+        }
         *to++ = static_cast<char>(0xF0 | (code >> 18));
         *to++ = Trail(code, 12);
         *to++ = Trail(code, 6);
@@ -116,13 +146,9 @@ char* PutManyBytes(char32_t code, char* to) {
 [[gnu::noinline]] std::size_t NarrowRest(std::wstring_view wide, std::size_t start, char* utf8) {
     char* to = utf8 + start;
     for (const wchar_t character : wide.substr(start)) {
-        const auto code = static_cast<char32_t>(character);
-        if (IsPlain(code)) {
-            *to++ = static_cast<char>(code);
-        } else if (code == 0 || code > 0x10FFFF || zq::IsSurrogate(code)) {
+        to = PutCharacter(static_cast<char32_t>(character), to);
+        if (to == nullptr) {
             return kUnusualText;
-        } else {
-            to = PutManyBytes(code, to);
         }
     }
     return static_cast<std::size_t>(to - utf8);

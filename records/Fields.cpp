@@ -3,24 +3,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "common/DirectText.h"
 #include "common/PlatformExtras.h"
 #include "common/TextConversion.h"
 
 namespace {
 
-constexpr std::string_view kEquals = " = ";
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kLargestTypicalItem = 512;
 // A string cannot grow without being filled first. Done in pieces of this size, it happens in the
 // processor's nearest cache, right ahead of the writing.
 constexpr std::size_t kPiece = 1024;
-constexpr std::size_t kLargestUtf8 = 4;  // bytes of a character
-
-/// Writes `text` at `to`; the place behind it.
-char* Put(std::string_view text, char* to) {
-    return zq::CopyText(text, to);
-}
 
 }  // namespace
 
@@ -85,34 +76,8 @@ void ChildReader::Each(std::string_view name, std::vector<std::string>& field) {
     }
 }
 
-void TextLines::Plain(std::string_view label, std::string_view text) {
-    char* const at = Room(label.size() + kEquals.size() + text.size() + kLineEnd.size());
-    Put(kLineEnd, Put(text, Put(kEquals, Put(label, at))));
-}
-
-void TextLines::Display(std::string_view label, const std::wstring& text) {
-    const std::size_t start = size_;
-    char* at = Room(label.size() + kEquals.size() + text.size() * kLargestUtf8 + kLineEnd.size());
-    at = Put(kEquals, Put(label, at));
-    const std::size_t size = NarrowDirectly(text, at);
-    if (size == kUnusualText) {
-        size_ = start;
-        Plain(label, convertToUtf8(text));
-        return;
-    }
-    size_ = static_cast<std::size_t>(Put(kLineEnd, at + size) - buffer_.data());
-}
-
-void TextLines::Number(std::string_view label, int value) {
-    Plain(label, extras::Decimal(value).View());
-}
-
 void TextLines::Unsigned(std::string_view label, unsigned long value) {
     Plain(label, extras::Decimal(value).View());
-}
-
-void TextLines::Flag(std::string_view label, bool value) {
-    Plain(label, zq::ToString(value));
 }
 
 void TextLines::Each(std::string_view label, const std::vector<std::string>& texts) {
@@ -135,28 +100,34 @@ void TextLines::Line(std::string_view label, std::string_view text) {
 }
 
 void TextLines::Text(std::string_view text) {
-    Put(text, Room(text.size()));
+    Reserve(text.size());
+    Put(text);
+}
+
+void TextLines::PutUnusual(const std::wstring& text) {
+    Put(convertToUtf8(text));  // never more than the room for all others
 }
 
 std::string TextLines::Take() {
-    buffer_.resize(size_);
+    buffer_.resize(Size());
     return std::move(buffer_);
 }
 
-char* TextLines::Room(std::size_t size) {
-    if (buffer_.size() - size_ < size) {
-        buffer_.resize(size_ + std::max(size, kPiece));
-    }
-    char* const start = &buffer_[size_];
-    size_ += size;
-    return start;
+void TextLines::Grow(std::size_t size) {
+    const std::size_t used = Size();
+    buffer_.resize(used + std::max(size, kPiece));
+    at_ = buffer_.data() + used;
+    end_ = buffer_.data() + buffer_.size();
 }
 
 void TextLines::ExpectItems(std::size_t count, std::size_t firstSize) {
+    const std::size_t used = Size();
     const std::size_t size = count * std::min(firstSize, kLargestTypicalItem);
-    const std::size_t room = size_ + size + size / 4;
+    const std::size_t room = used + size + size / 4;
     if (room > buffer_.capacity()) {
         buffer_.reserve(room);
+        at_ = buffer_.data() + used;
+        end_ = buffer_.data() + buffer_.size();
     }
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/SmallText.h"
+#include "common/DirectText.h"
 #include "common/PlatformExtras.h"
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
@@ -290,8 +291,16 @@ class ChildReader {
 };
 
 /// Collects the lines of a log text: "label = value\r\n".
+///
+/// The verbs are inline for the labels: most are short and known to the compiler, which writes them
+/// as constants.
 class TextLines {
  public:
+    TextLines() = default;
+    TextLines(const TextLines&) = delete;
+    TextLines& operator=(const TextLines&) = delete;
+    ~TextLines() = default;
+
     /// The lines of a record.
     template <class Record>
     static std::string Of(Record& record) {
@@ -300,11 +309,24 @@ class TextLines {
         return lines.Take();
     }
 
-    void Plain(std::string_view label, std::string_view text);
-    void Display(std::string_view label, const std::wstring& text);
-    void Number(std::string_view label, int value);
+    void Plain(std::string_view label, std::string_view text) {
+        Begin(label, text.size());
+        Put(text);
+        Put(kLineEnd);
+    }
+    void Display(std::string_view label, const std::wstring& text) {
+        Begin(label, text.size() * kLargestUtf8);
+        const std::size_t size = NarrowDirectly(text, at_);
+        if (size == kUnusualText) {
+            PutUnusual(text);
+        } else {
+            at_ += size;
+        }
+        Put(kLineEnd);
+    }
+    void Number(std::string_view label, int value) { Plain(label, extras::Decimal(value).View()); }
     void Unsigned(std::string_view label, unsigned long value);
-    void Flag(std::string_view label, bool value);
+    void Flag(std::string_view label, bool value) { Plain(label, zq::ToString(value)); }
     /// A line for each text.
     void Each(std::string_view label, const std::vector<std::string>& texts);
     /// The texts, each right behind the prefix, without line ends.
@@ -313,12 +335,12 @@ class TextLines {
     /// The items' own texts, each right behind the prefix.
     template <class Item>
     void Records(std::string_view prefix, std::vector<Item>& items) {
-        const std::size_t start = size_;
+        const std::size_t start = Size();
         for (Item& item : items) {
             Text(prefix);
             item.AddLines(*this);
             if (&item == &items.front()) {
-                ExpectItems(items.size(), size_ - start);
+                ExpectItems(items.size(), Size() - start);
             }
         }
     }
@@ -331,15 +353,37 @@ class TextLines {
     std::string Take();
 
  private:
-    /// Room for that many more bytes; where they begin.
-    char* Room(std::size_t size);
+    static constexpr std::string_view kEquals = " = ";
+    static constexpr std::string_view kLineEnd = "\r\n";
+    static constexpr std::size_t kLargestUtf8 = 4;  // bytes of a character
+
+    std::size_t Size() const { return static_cast<std::size_t>(at_ - buffer_.data()); }
+
+    /// Makes room for that many more bytes.
+    void Reserve(std::size_t size) {
+        if (static_cast<std::size_t>(end_ - at_) < size) {
+            Grow(size);
+        }
+    }
+    void Grow(std::size_t size);
     /// Makes room for items, by the size of the first one: up to what is typical, or one long item
     /// would take as much for each of the others.
     void ExpectItems(std::size_t count, std::size_t firstSize);
 
+    /// Begins a line whose value takes up to that many bytes, with room for its end.
+    void Begin(std::string_view label, std::size_t valueSize) {
+        Reserve(label.size() + kEquals.size() + valueSize + kLineEnd.size());
+        Put(label);
+        Put(kEquals);
+    }
+    // What these put, there has to be room for.
+    void Put(std::string_view text) { at_ = zq::CopyText(text, at_); }
+    void PutUnusual(const std::wstring& text);
+
     // Longer than the text by some room, so that pieces are written without a call each.
     std::string buffer_;
-    std::size_t size_ = 0;
+    char* at_ = buffer_.data();  // where the text ends
+    char* end_ = at_;            // and the room behind it
 };
 
 /// Whether `node` is an element of that name; a null one is not.
