@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/Utf8.h"
 #include "platform/Node.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlText.h"
@@ -67,7 +66,7 @@ class DirectReader {
         if (rest_.empty() || !MayStand(rest_[0], kAtNameStart) || open_.size() == kMaxXmlDepth) {
             return false;
         }
-        const std::string_view name = Take(CountPlain(rest_, kInName));
+        const std::string_view name = Take(CountNameCharacters(rest_));
         const bool isEncoded = Skip(kXmlEncodedMark);
         if (Skip("/>")) {
             Add(name, {}, isEncoded);
@@ -116,13 +115,13 @@ class DirectReader {
 
     /// Character data, up to the next "<": most texts are seen in place.
     bool ReadText(std::string_view* text) {
-        *text = Take(CountCharacters());
+        *text = Take(CountPlainText(rest_));
         if (IsAtTag()) {
             return true;
         }
         text_ = *text;
         while (ReadReference()) {
-            text_ += Take(CountCharacters());
+            text_ += Take(CountPlainText(rest_));
         }
         *text = text_;
         return IsAtTag();
@@ -138,20 +137,6 @@ class DirectReader {
             }
         }
         return false;
-    }
-
-    /// The number of bytes of the characters ahead that stand for themselves.
-    std::size_t CountCharacters() const {
-        std::size_t count = CountPlain(rest_, kInText);
-        while (count < rest_.size() && static_cast<unsigned char>(rest_[count]) >= 0x80) {
-            const zq::Utf8Character character = zq::FirstCharacter(rest_.substr(count));
-            if (character.size == 0 || !IsXmlCharacter(character.code)) {
-                return count;
-            }
-            count += character.size;
-            count += CountPlain(rest_.substr(count), kInText);
-        }
-        return count;
     }
 
     std::string_view rest_;

@@ -4,6 +4,7 @@
 #include <typeinfo>
 #include <vector>
 
+#include "platform/Base64Codec.h"
 #include "platform/Base64Encoder.h"
 #include "platform/Decimal.h"
 #include "platform/ToString.h"
@@ -120,7 +121,8 @@ std::string Node::GetValueDecoded() {
 NodeView Node::View(NodeCopies& copies) {
     NodeView view = Look();
     if (view.isInBytes) {
-        copies.text = GetValue();
+        copies.text.resize(zq::Base64Size(textSize_));
+        zq::WriteBase64(Stored(), copies.text.data());
         view.textData = copies.text.data();
         view.textSize = copies.text.size();
         view.isInBytes = false;

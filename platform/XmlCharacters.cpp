@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <iterator>
 
+#include "base/SmallText.h"
 #include "base/Utf8.h"
 
 namespace ZQXML {
@@ -130,6 +131,31 @@ constexpr std::array<std::uint8_t, 256> MakeCharacterUses() {
     return uses;
 }
 
+/// Whether eight bytes are ASCII characters of plain text from the blank on. In each sum, the high
+/// bit of a byte shows that it is none, as long as that of no lower byte does.
+bool AreEightPlain(const char* text) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101;
+    static_assert(('<' | 2) == '>' && ('>' | 2) == '>', "and of no other character");
+    const auto bytes = zq::LoadWord<std::uint64_t>(text);
+    const std::uint64_t below = bytes - kOnes * ' ';
+    const std::uint64_t ampersand = (bytes ^ (kOnes * '&')) - kOnes;
+    const std::uint64_t bracket = ((bytes | (kOnes * 2)) ^ (kOnes * '>')) - kOnes;
+    return ((bytes | below | ampersand | bracket) & (kOnes * 0x80)) == 0;
+}
+
+/// The number of ASCII characters of plain text that `text` begins with.
+std::size_t CountPlainAscii(std::string_view text) {
+    constexpr std::size_t kStep = 8;
+    std::size_t count = 0;
+    while (text.size() - count >= kStep && AreEightPlain(&text[count])) {
+        count += kStep;
+    }
+    while (count < text.size() && MayStand(text[count], kInText)) {
+        ++count;
+    }
+    return count;
+}
+
 }  // namespace
 
 const std::array<std::uint8_t, 256> kCharacterUses = MakeCharacterUses();
@@ -146,6 +172,19 @@ bool IsNameStart(char32_t code) {
 
 bool IsNameCharacter(char32_t code) {
     return IsNameStart(code) || Contains(kOtherNameCharacters, code);
+}
+
+std::size_t CountPlainText(std::string_view text) {
+    std::size_t count = CountPlainAscii(text);
+    while (count < text.size() && static_cast<unsigned char>(text[count]) >= 0x80) {
+        const zq::Utf8Character character = zq::FirstCharacter(text.substr(count));
+        if (character.size == 0 || !IsXmlCharacter(character.code)) {
+            break;
+        }
+        count += character.size;
+        count += CountPlainAscii(text.substr(count));
+    }
+    return count;
 }
 
 }  // namespace ZQXML

@@ -37,14 +37,18 @@ inline bool MayStand(char byte, CharacterUse use) {
     return (kCharacterUses[static_cast<unsigned char>(byte)] & use) != 0;
 }
 
-/// The number of ASCII characters that `text` begins with and that may be written as they are.
-inline std::size_t CountPlain(std::string_view text, CharacterUse use) {
+/// The number of ASCII name characters that `text` begins with.
+inline std::size_t CountNameCharacters(std::string_view text) {
     std::size_t count = 0;
-    while (count < text.size() && MayStand(text[count], use)) {
+    while (count < text.size() && MayStand(text[count], kInName)) {
         ++count;
     }
     return count;
 }
+
+/// The number of bytes of the characters that `text` begins with and that may be written as they
+/// are in an element's text: all that XML knows but "&", "<", ">" and the carriage return.
+std::size_t CountPlainText(std::string_view text);
 
 }  // namespace ZQXML
 

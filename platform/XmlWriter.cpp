@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/TextBuffer.h"
 #include "base/Utf8.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlText.h"
@@ -12,7 +13,7 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 
-/// How a character of a text is written where it cannot stand as it is; empty where it can.
+/// How a character of a text is written that cannot stand as it is.
 std::string_view Escape(char32_t code) {
     switch (code) {
         case '&':
@@ -24,23 +25,21 @@ std::string_view Escape(char32_t code) {
         case '\r':
             return "&#13;";  // a reader turns a bare one into a line feed
         default:
-            return IsXmlCharacter(code) ? std::string_view() : kReplacement;
+            return kReplacement;
     }
 }
 
-void AppendText(std::string& out, std::string_view text) {
+void AppendText(std::string_view text, zq::TextBuffer& out) {
     for (;;) {
-        std::size_t size = CountPlain(text, kInText);
-        out += text.substr(0, size);
-        text.remove_prefix(size);
+        const std::size_t plainSize = CountPlainText(text);
+        out.Append(text.substr(0, plainSize));
+        text.remove_prefix(plainSize);
         if (text.empty()) {
             return;
         }
         const zq::Utf8Character character = zq::FirstCharacter(text);
-        size = character.size == 0 ? 1 : character.size;
-        const std::string_view escape = character.size == 0 ? kReplacement : Escape(character.code);
-        out += escape.empty() ? text.substr(0, size) : escape;
-        text.remove_prefix(size);
+        out.Append(character.size == 0 ? kReplacement : Escape(character.code));
+        text.remove_prefix(character.size == 0 ? 1 : character.size);
     }
 }
 
@@ -49,24 +48,24 @@ bool FitsName(const zq::Utf8Character& character, bool isFirst) {
            (isFirst ? IsNameStart(character.code) : IsNameCharacter(character.code));
 }
 
-void AppendUnusualName(std::string& out, std::string_view name) {
+void AppendUnusualName(std::string_view name, zq::TextBuffer& out) {
     if (name.empty()) {
-        out += '_';
+        out.Append("_");
     }
     for (bool isFirst = true; !name.empty(); isFirst = false) {
         const zq::Utf8Character character = zq::FirstCharacter(name);
         const std::size_t size = character.size == 0 ? 1 : character.size;
-        out += FitsName(character, isFirst) ? name.substr(0, size) : "_";
+        out.Append(FitsName(character, isFirst) ? name.substr(0, size) : "_");
         name.remove_prefix(size);
     }
 }
 
-void AppendName(std::string& out, std::string_view name) {
+void AppendName(std::string_view name, zq::TextBuffer& out) {
     if (!name.empty() && MayStand(name[0], kAtNameStart) &&
-        CountPlain(name, kInName) == name.size()) {
-        out += name;
+        CountNameCharacters(name) == name.size()) {
+        out.Append(name);
     } else {
-        AppendUnusualName(out, name);
+        AppendUnusualName(name, out);
     }
 }
 
@@ -88,7 +87,7 @@ class Writer {
                 End();
             }
         }
-        return std::move(out_);
+        return out_.Take();
     }
 
  private:
@@ -103,29 +102,31 @@ class Writer {
 
     void StartLine(std::size_t depth) {
         if (indent_) {
-            out_ += '\n';
-            out_.append(2 * depth, ' ');
+            out_.Append("\n");
+            for (; depth > 0; --depth) {
+                out_.Append("  ");
+            }
         }
     }
 
     /// Writes an element whole, or up to its first child.
     void Begin(INode* node) {
-        out_ += '<';
-        const std::size_t nameAt = out_.size();
+        out_.Append("<");
+        const std::size_t nameAt = out_.Size();
         const NodeView view = node->View(copies_);
-        AppendName(out_, view.Name());
-        const std::size_t nameSize = out_.size() - nameAt;
+        AppendName(view.Name(), out_);
+        const std::size_t nameSize = out_.Size() - nameAt;
         if (node->IsEncoded()) {
-            out_ += kXmlEncodedMark;
+            out_.Append(kXmlEncodedMark);
         }
         const std::string_view text = view.Text();
         const bool hasChildren = node->HasChildren();
         if (text.empty() && !hasChildren) {
-            out_ += "/>";
+            out_.Append("/>");
             return;
         }
-        out_ += '>';
-        AppendText(out_, text);
+        out_.Append(">");
+        AppendText(text, out_);
         if (hasChildren) {
             INodeList* const children = node->GetChildren();
             const bool hasText = text.find_first_not_of(kXmlWhiteSpace) != std::string_view::npos;
@@ -143,13 +144,14 @@ class Writer {
     }
 
     void AppendEndTag(std::size_t nameAt, std::size_t nameSize) {
-        out_ += "</";
-        out_.append(out_, nameAt, nameSize);
-        out_ += '>';
+        out_.Reserve(nameSize + 3);
+        out_.Put("</");
+        out_.Put(out_.View().substr(nameAt, nameSize));
+        out_.Put(">");
     }
 
     bool indent_;
-    std::string out_;
+    zq::TextBuffer out_;
     NodeCopies copies_;
     std::vector<Element> open_;
 };

@@ -9,9 +9,6 @@
 namespace {
 
 constexpr std::size_t kLargestTypicalItem = 512;
-// A string cannot grow without being filled first. Done in pieces of this size, it happens in the
-// processor's nearest cache, right ahead of the writing.
-constexpr std::size_t kPiece = 1024;
 
 }  // namespace
 
@@ -100,35 +97,16 @@ void TextLines::Line(std::string_view label, std::string_view text) {
 }
 
 void TextLines::Text(std::string_view text) {
-    Reserve(text.size());
-    Put(text);
+    text_.Append(text);
 }
 
 void TextLines::PutUnusual(const std::wstring& text) {
-    Put(convertToUtf8(text));  // never more than the room for all others
-}
-
-std::string TextLines::Take() {
-    buffer_.resize(Size());
-    return std::move(buffer_);
-}
-
-void TextLines::Grow(std::size_t size) {
-    const std::size_t used = Size();
-    buffer_.resize(used + std::max(size, kPiece));
-    at_ = buffer_.data() + used;
-    end_ = buffer_.data() + buffer_.size();
+    text_.Put(convertToUtf8(text));  // never more than the room for all others
 }
 
 void TextLines::ExpectItems(std::size_t count, std::size_t firstSize) {
-    const std::size_t used = Size();
     const std::size_t size = count * std::min(firstSize, kLargestTypicalItem);
-    const std::size_t room = used + size + size / 4;
-    if (room > buffer_.capacity()) {
-        buffer_.reserve(room);
-        at_ = buffer_.data() + used;
-        end_ = buffer_.data() + buffer_.size();
-    }
+    text_.Expect(size + size / 4);
 }
 
 bool IsNamed(ZQXML::INode* node, const std::string& name) {

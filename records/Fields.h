@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/SmallText.h"
+#include "base/TextBuffer.h"
 #include "common/DirectText.h"
 #include "common/PlatformExtras.h"
 #include "platform/zqshared.h"
@@ -296,11 +297,6 @@ class ChildReader {
 /// as constants.
 class TextLines {
  public:
-    TextLines() = default;
-    TextLines(const TextLines&) = delete;
-    TextLines& operator=(const TextLines&) = delete;
-    ~TextLines() = default;
-
     /// The lines of a record.
     template <class Record>
     static std::string Of(Record& record) {
@@ -311,18 +307,18 @@ class TextLines {
 
     void Plain(std::string_view label, std::string_view text) {
         Begin(label, text.size());
-        Put(text);
-        Put(kLineEnd);
+        text_.Put(text);
+        text_.Put(kLineEnd);
     }
     void Display(std::string_view label, const std::wstring& text) {
         Begin(label, text.size() * kLargestUtf8);
-        const std::size_t size = NarrowDirectly(text, at_);
+        const std::size_t size = NarrowDirectly(text, text_.End());
         if (size == kUnusualText) {
             PutUnusual(text);
         } else {
-            at_ += size;
+            text_.MoveEnd(size);
         }
-        Put(kLineEnd);
+        text_.Put(kLineEnd);
     }
     void Number(std::string_view label, int value) { Plain(label, extras::Decimal(value).View()); }
     void Unsigned(std::string_view label, unsigned long value);
@@ -335,12 +331,12 @@ class TextLines {
     /// The items' own texts, each right behind the prefix.
     template <class Item>
     void Records(std::string_view prefix, std::vector<Item>& items) {
-        const std::size_t start = Size();
+        const std::size_t start = text_.Size();
         for (Item& item : items) {
             Text(prefix);
             item.AddLines(*this);
             if (&item == &items.front()) {
-                ExpectItems(items.size(), Size() - start);
+                ExpectItems(items.size(), text_.Size() - start);
             }
         }
     }
@@ -350,40 +346,25 @@ class TextLines {
     /// A text without label and line end.
     void Text(std::string_view text);
 
-    std::string Take();
+    std::string Take() { return text_.Take(); }
 
  private:
     static constexpr std::string_view kEquals = " = ";
     static constexpr std::string_view kLineEnd = "\r\n";
     static constexpr std::size_t kLargestUtf8 = 4;  // bytes of a character
 
-    std::size_t Size() const { return static_cast<std::size_t>(at_ - buffer_.data()); }
-
-    /// Makes room for that many more bytes.
-    void Reserve(std::size_t size) {
-        if (static_cast<std::size_t>(end_ - at_) < size) {
-            Grow(size);
-        }
+    /// Begins a line whose value takes up to that many bytes, with room for its end.
+    void Begin(std::string_view label, std::size_t valueSize) {
+        text_.Reserve(label.size() + kEquals.size() + valueSize + kLineEnd.size());
+        text_.Put(label);
+        text_.Put(kEquals);
     }
-    void Grow(std::size_t size);
+    void PutUnusual(const std::wstring& text);
     /// Makes room for items, by the size of the first one: up to what is typical, or one long item
     /// would take as much for each of the others.
     void ExpectItems(std::size_t count, std::size_t firstSize);
 
-    /// Begins a line whose value takes up to that many bytes, with room for its end.
-    void Begin(std::string_view label, std::size_t valueSize) {
-        Reserve(label.size() + kEquals.size() + valueSize + kLineEnd.size());
-        Put(label);
-        Put(kEquals);
-    }
-    // What these put, there has to be room for.
-    void Put(std::string_view text) { at_ = zq::CopyText(text, at_); }
-    void PutUnusual(const std::wstring& text);
-
-    // Longer than the text by some room, so that pieces are written without a call each.
-    std::string buffer_;
-    char* at_ = buffer_.data();  // where the text ends
-    char* end_ = at_;            // and the room behind it
+    zq::TextBuffer text_;
 };
 
 /// Whether `node` is an element of that name; a null one is not.

@@ -342,9 +342,17 @@ TEST(AllocationFailureInXml, RefusingThrowsOrExplains) {
     }
 }
 
+/// Adds texts that the written text has to grow for, again and again.
+void AddLongTexts(ZQXML::INode* node) {
+    for (const std::size_t size : {2000U, 8000U, 32000U}) {
+        node->AddChild("long", std::string(size, 'x'));
+    }
+}
+
 TEST(AllocationFailureInXml, WritingIsCompleteOrThrows) {
     const Tree tree = ZQXML::ParseXml(kDocument);
     ASSERT_TRUE(tree);
+    AddLongTexts(tree.get());
     const std::string before = TreeText(tree.get());
     for (const bool indent : {false, true}) {
         const std::string expected = ZQXML::WriteXml(tree.get(), indent);
@@ -364,6 +372,7 @@ TEST(AllocationFailureInXml, WritingForeignNodesIsCompleteOrThrows) {
     const zq::auto_com<FakeNode> root =
         FakeNode::Create(std::string(40, 'n'), std::string(40, 't'));
     root->AddChild("child", std::string(40, 'c'));
+    AddLongTexts(root.get());
     const std::string expected = ZQXML::WriteXml(root.get());
     EXPECT_TRUE(Sweep(6, [&](Attempt& attempt) {
         std::string text;

@@ -279,13 +279,12 @@ bool IsUtf8Name(std::string name) {
     return name.empty() || name == "utf-8";
 }
 
-TEST(ParseXml, AcceptsOfDamagedTextsWhatExpatAccepts) {
-    Random random(10);
+/// Counts what is accepted and refused, each as it should be.
+struct Verdicts {
     int accepted = 0;
     int refused = 0;
-    for (int round = 0; round < 40000; ++round) {
-        const std::string text =
-            Mutated(random, std::string(kDocuments[random.Below(std::size(kDocuments))]));
+
+    void Check(const std::string& text) {
         std::string error;
         const Tree tree = ZQXML::ParseXml(text, &error);
         const ExpatVerdict verdict = ExpatOracle::Judge(text);
@@ -296,15 +295,53 @@ TEST(ParseXml, AcceptsOfDamagedTextsWhatExpatAccepts) {
             ASSERT_TRUE(!verdict.isWellFormed || verdict.hasDoctype ||
                         !IsUtf8Name(verdict.encoding) || error.find("version") != std::string::npos)
                 << error << ' ' << Quoted(text);
-            continue;
+            return;
         }
         ++accepted;
         ASSERT_TRUE(verdict.isWellFormed && !verdict.hasDoctype && IsUtf8Name(verdict.encoding))
             << Quoted(text);
         ASSERT_EQ(TreeText(tree.get()), verdict.tree) << Quoted(text);
     }
-    EXPECT_GT(accepted, 1000);
-    EXPECT_GT(refused, 1000);
+};
+
+TEST(ParseXml, AcceptsOfDamagedTextsWhatExpatAccepts) {
+    Random random(10);
+    Verdicts verdicts;
+    for (int round = 0; round < 40000 && !testing::Test::HasFatalFailure(); ++round) {
+        verdicts.Check(
+            Mutated(random, std::string(kDocuments[random.Below(std::size(kDocuments))])));
+    }
+    EXPECT_GT(verdicts.accepted, 1000);
+    EXPECT_GT(verdicts.refused, 1000);
+}
+
+/// Plain characters are read many at a time: any byte has to show at any place among them.
+TEST(ParseXml, FindsAnyByteAtAnyPlaceOfAText) {
+    const std::string plain = "a plain text, of two steps";
+    Verdicts verdicts;
+    for (int byte = 0; byte < 256 && !testing::Test::HasFatalFailure(); ++byte) {
+        for (std::size_t at = 0; at <= plain.size(); ++at) {
+            std::string text = plain;
+            text.insert(at, 1, static_cast<char>(byte));
+            verdicts.Check("<a>" + text + "</a>");
+        }
+    }
+    // ASCII without the controls but three, the ampersand, and the bracket that opens.
+    EXPECT_EQ(verdicts.accepted, static_cast<int>((0x60 + 3 - 2) * (plain.size() + 1)));
+}
+
+TEST(RoundTrip, KeepsAnyCharacterAtAnyPlaceOfAText) {
+    const std::string plain = "a plain text, of two steps";
+    const Tree node = NewNode("a");
+    for (const char32_t code :
+         {9U, 10U, 13U, 32U, 38U, 60U, 61U, 62U, 127U, 128U, 0x20ACU, 0x1F600U}) {
+        for (std::size_t at = 0; at <= plain.size(); ++at) {
+            node->Initialize("a", std::string(plain).insert(at, Utf8(code)));
+            const Tree read = ZQXML::ParseXml(ZQXML::WriteXml(node.get()));
+            ASSERT_TRUE(read) << code << ' ' << at;
+            ASSERT_EQ(read->GetValue(), node->GetValue()) << code << ' ' << at;
+        }
+    }
 }
 
 }  // namespace

@@ -1,0 +1,81 @@
+#ifndef QUAVERA_BASE_TEXT_BUFFER_H_
+#define QUAVERA_BASE_TEXT_BUFFER_H_
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/SmallText.h"
+
+namespace zq {
+
+/// A text that is written piece by piece. It is longer than what is written by some room, so that a
+/// piece takes a comparison and a copy, no call.
+class TextBuffer {
+ public:
+    TextBuffer() = default;
+    TextBuffer(const TextBuffer&) = delete;
+    TextBuffer& operator=(const TextBuffer&) = delete;
+    ~TextBuffer() = default;
+
+    std::size_t Size() const { return static_cast<std::size_t>(end_ - text_.data()); }
+    /// What is written, until more is.
+    std::string_view View() const { return {text_.data(), Size()}; }
+
+    void Append(std::string_view piece) {
+        Reserve(piece.size());
+        Put(piece);
+    }
+
+    /// Makes room for that many more bytes.
+    void Reserve(std::size_t size) {
+        if (static_cast<std::size_t>(roomEnd_ - end_) < size) {
+            Grow(size);
+        }
+    }
+    /// Writes a piece that there is room for. It may be a part of what is written.
+    void Put(std::string_view piece) { end_ = CopyText(piece, end_); }
+    /// Where the next piece goes; what is written there by other means counts from `MoveEnd` on.
+    char* End() { return end_; }
+    void MoveEnd(std::size_t size) { end_ += size; }
+
+    /// Tells that about so many bytes are still to come.
+    void Expect(std::size_t size) {
+        const std::size_t used = Size();
+        if (used + size > text_.capacity()) {
+            text_.reserve(used + size);
+            SetPlaces(used);
+        }
+    }
+
+    std::string Take() {
+        text_.resize(Size());
+        return std::move(text_);
+    }
+
+ private:
+    // A string cannot grow without being filled first. Done in pieces of this size, it happens in
+    // the processor's nearest cache, right ahead of the writing.
+    static constexpr std::size_t kPiece = 1024;
+
+    [[gnu::noinline]] void Grow(std::size_t size) {
+        const std::size_t used = Size();
+        text_.resize(used + std::max(size, kPiece));
+        SetPlaces(used);
+    }
+
+    void SetPlaces(std::size_t used) {
+        end_ = text_.data() + used;
+        roomEnd_ = text_.data() + text_.size();
+    }
+
+    std::string text_;
+    char* end_ = text_.data();  // of what is written
+    char* roomEnd_ = end_;
+};
+
+}  // namespace zq
+
+#endif  // QUAVERA_BASE_TEXT_BUFFER_H_
