@@ -50,19 +50,23 @@ class TextBuffer {
         }
     }
 
+    /// What was written; then nothing is.
     std::string Take() {
         text_.resize(Size());
-        return std::move(text_);
+        std::string text = std::exchange(text_, {});
+        SetPlaces(0);
+        return text;
     }
 
  private:
-    // A string cannot grow without being filled first. Done in pieces of this size, it happens in
-    // the processor's nearest cache, right ahead of the writing.
-    static constexpr std::size_t kPiece = 1024;
+    // A string cannot grow without being filled first. Done in pieces of up to this size, it
+    // happens in the processor's nearest cache, right ahead of the writing.
+    static constexpr std::size_t kSmallestPiece = 128;
+    static constexpr std::size_t kLargestPiece = 1024;
 
     [[gnu::noinline]] void Grow(std::size_t size) {
         const std::size_t used = Size();
-        text_.resize(used + std::max(size, kPiece));
+        text_.resize(used + std::max(size, std::clamp(used, kSmallestPiece, kLargestPiece)));
         SetPlaces(used);
     }
 

@@ -416,8 +416,8 @@ void FillAlbum(const SoapAlbum& soap, Record& album) {
 
 // --- The log text ------------------------------------------------------------------------------
 
-/// Writes pieces one behind the other into a string, whose memory is known to suffice. A string has
-/// to be filled before it is written to, which is done a little ahead of the writing.
+/// Writes pieces one behind the other into a string. A string has to be filled before it is written
+/// to, which is done a little ahead of the writing.
 class Pen {
  public:
     explicit Pen(std::size_t size) {
@@ -547,8 +547,9 @@ class Pen {
     char* at_ = nullptr;
 };
 
-constexpr std::size_t kRoomPerAlbum = 8 * kLongestText;
-constexpr std::size_t kRoomPerTrack = 4 * kLongestText;
+// More than their texts of the largest size and their labels.
+constexpr std::size_t kRoomPerAlbum = 64 * kLongestText;
+constexpr std::size_t kRoomPerTrack = 32 * kLongestText;
 
 template <class Track>
 void PutTrack(const Track& track, Pen& pen) {

@@ -1,7 +1,6 @@
 #include "common/DirectText.h"
 
 #include <cstdint>
-#include <type_traits>
 
 #include "base/SmallText.h"
 #include "base/Utf8.h"
@@ -10,7 +9,7 @@
 
 namespace {
 
-/// Whether a character, of either kind, is an ASCII character other than zero.
+/// Whether a character is an ASCII character other than zero.
 bool IsPlain(char32_t code) {
     return code - 1 < 0x7F;
 }
@@ -79,7 +78,7 @@ std::size_t ConvertSteps(std::basic_string_view<From> text, To* to) {
         }
         at += kStep;
     } while (at < last);
-    // From here on, `at` may be beyond the end.
+    // `at` may be beyond the end, and a text of one step be done: looking first costs all others.
     return ConvertStep<kStep>(&text[last], to + last) ? text.size() : last;
 }
 

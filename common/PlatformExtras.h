@@ -18,6 +18,11 @@ namespace extras {
 
 #ifdef QUAVERA_EXTERNAL_PLATFORM
 
+/// The children of a node; null may stand for none.
+inline ZQXML::INodeList* ChildrenOf(ZQXML::INode* node) {
+    return node->GetChildren();
+}
+
 /// A walk over the children of an element.
 class ChildWalk {
  public:
@@ -89,6 +94,11 @@ inline zq::auto_com<ZQXML::INode> CreateNodeFor(ZQXML::INode* /*parent*/, std::s
 }
 
 #else
+
+/// The same without a list being made for a node that has none.
+inline ZQXML::INodeList* ChildrenOf(ZQXML::INode* node) {
+    return node->HasChildren() ? node->GetChildren() : nullptr;
+}
 
 /// A walk over the children of an element, which looks at as many of them in a call as most records
 /// have: the walk takes a third of the instructions that it takes child by child.

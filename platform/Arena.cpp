@@ -13,28 +13,29 @@ constexpr std::size_t kFirstBlockSize = 256;
 constexpr std::size_t kLargestBlockSize = 16384;
 
 // A name is looked for in this many slots only: a hostile set of names costs memory, not time.
-constexpr std::uint32_t kProbes = 8;
-constexpr std::uint32_t kFirstSlotCount = 16;
-constexpr std::uint32_t kLargestSlotCount = 1024;
+constexpr std::uint32_t kProbes = 16;
+constexpr std::uint32_t kFirstSlotBits = 4;
+constexpr std::uint32_t kMoreSlotBits = 2;
+constexpr std::uint32_t kMostSlotBits = 10;
 constexpr std::uint32_t kNever = std::numeric_limits<std::uint32_t>::max();
 
-/// Of the name's size and ends only: they tell the names of records apart.
+/// Of words of four bytes, the last of which overlaps the one before it. A product's upper bits
+/// depend on all bits of its factor, so it is they that choose the slot.
 std::uint32_t HashName(std::string_view name) {
-    constexpr std::size_t kEnd = sizeof(std::uint32_t);
-    std::uint32_t first = 0;
-    std::uint32_t last = 0;
-    if (name.size() >= kEnd) {
-        first = zq::LoadWord<std::uint32_t>(name.data());
-        last = zq::LoadWord<std::uint32_t>(name.data() + name.size() - kEnd);
-    } else if (!name.empty()) {
-        first = static_cast<unsigned char>(name.front());
-        last = static_cast<unsigned char>(name.back());
+    constexpr std::size_t kStep = sizeof(std::uint32_t);
+    constexpr std::uint32_t kFactor = 0x9E3779B1;  // a prime near the golden ratio of 2^32
+    auto hash = static_cast<std::uint32_t>(name.size());
+    if (name.size() < kStep) {
+        for (const char byte : name) {
+            hash = (hash ^ static_cast<unsigned char>(byte)) * kFactor;
+        }
+        return hash;
     }
-    // Fibonacci hashing: the upper bits of the product depend on all of the factor's.
-    constexpr std::uint32_t kGolden = 0x9E3779B9;
-    const std::uint32_t mixed =
-        (first ^ (last * kGolden)) + static_cast<std::uint32_t>(name.size());
-    return (mixed * kGolden) >> 16;
+    const std::size_t last = name.size() - kStep;
+    for (std::size_t at = 0; at < last; at += kStep) {
+        hash = (hash ^ zq::LoadWord<std::uint32_t>(&name[at])) * kFactor;
+    }
+    return (hash ^ zq::LoadWord<std::uint32_t>(&name[last])) * kFactor;
 }
 
 void CheckSize(std::size_t size) {
@@ -93,7 +94,7 @@ const Name* Arena::FindOrAddName(std::string_view name) {
     const std::uint32_t hash = HashName(name);
     Name* found = nullptr;
     for (std::uint32_t probe = 0; found == nullptr && probe < kProbes; ++probe) {
-        Name*& slot = slots_[(hash + probe) & (slotCount_ - 1)];
+        Name*& slot = slots_[SlotOf(hash, probe)];
         if (slot == nullptr) {
             found = slot = NewName(name, hash);
             ++nameCount_;
@@ -120,24 +121,33 @@ inline Name* Arena::NewName(std::string_view name, std::uint32_t hash) {
 }
 
 [[gnu::noinline]] void Arena::GrowNameTable() {
-    const std::uint32_t count = slotCount_ == 0 ? kFirstSlotCount : slotCount_ * 4;
+    Name** const oldSlots = slots_;
+    const std::uint32_t oldCount = oldSlots == nullptr ? 0 : lastSlot_ + 1;
+    const std::uint32_t bits =
+        oldSlots == nullptr ? kFirstSlotBits : 32 - slotShift_ + kMoreSlotBits;
+    const std::uint32_t count = 1U << bits;
     auto** const slots = static_cast<Name**>(Allocate(count * sizeof(void*)));
     std::fill_n(slots, count, nullptr);
-    for (std::uint32_t old = 0; old < slotCount_; ++old) {
-        if (slots_[old] == nullptr) {
-            continue;
-        }
-        std::uint32_t probe = 0;
-        while (probe < kProbes && slots[(slots_[old]->hash + probe) & (count - 1)] != nullptr) {
-            ++probe;
-        }
-        if (probe < kProbes) {
-            slots[(slots_[old]->hash + probe) & (count - 1)] = slots_[old];
+    slots_ = slots;
+    lastSlot_ = count - 1;
+    slotShift_ = 32 - bits;
+    fullAt_ = bits < kMostSlotBits ? count / 8 * 5 : kNever;
+    for (std::uint32_t old = 0; old < oldCount; ++old) {
+        if (oldSlots[old] != nullptr) {
+            PutInSlot(oldSlots[old]);
         }
     }
-    slots_ = slots;
-    slotCount_ = count;
-    fullAt_ = count < kLargestSlotCount ? count / 4 * 3 : kNever;
+}
+
+/// A name for which there is no slot is kept for those who use it, but not found any more.
+void Arena::PutInSlot(Name* name) {
+    for (std::uint32_t probe = 0; probe < kProbes; ++probe) {
+        Name*& slot = slots_[SlotOf(name->hash, probe)];
+        if (slot == nullptr) {
+            slot = name;
+            return;
+        }
+    }
 }
 
 }  // namespace ZQXML

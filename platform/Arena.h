@@ -81,6 +81,9 @@ class Arena {
         return latestName_ = expected;
     }
 
+    /// The same by a search.
+    const Name* FindOrAddName(std::string_view name);
+
     /// Links from elements of this arena to children in other arenas.
     std::size_t outwardLinks = 0;
 
@@ -104,9 +107,12 @@ class Arena {
     char* NewBlock(std::size_t size);
     void StartBlock(std::size_t needed);
     char* AllocateElsewhere(std::size_t size);
-    const Name* FindOrAddName(std::string_view name);
     Name* NewName(std::string_view name, std::uint32_t hash);
+    std::uint32_t SlotOf(std::uint32_t hash, std::uint32_t probe) const {
+        return ((hash >> slotShift_) + probe) & lastSlot_;
+    }
     void GrowNameTable();
+    void PutInSlot(Name* name);
     void Destroy();
 
     char* front_;
@@ -114,7 +120,8 @@ class Arena {
     Block* blocks_ = nullptr;
     Name** slots_ = nullptr;
     Name* latestName_ = nullptr;   // the one that was stored or found last
-    std::uint32_t slotCount_ = 0;  // a power of two
+    std::uint32_t lastSlot_ = 0;   // their number is a power of two
+    std::uint32_t slotShift_ = 0;  // of a hash, to a slot
     std::uint32_t nameCount_ = 0;  // in the slots
     std::uint32_t fullAt_ = 0;     // with that many names the slots have to become more
     std::size_t nextBlockSize_ = 0;

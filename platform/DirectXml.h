@@ -8,10 +8,9 @@
 
 namespace ZQXML {
 
-/// `ParseXml` of a text as `WriteXml` writes it, which is what nearly all texts are: elements with
-/// ASCII names, without attributes but the mark, and character data with the references that
-/// `WriteXml` makes. Empty for every other text, well-formed or not: what is to become of those is
-/// for expat to tell, which takes several times as long.
+/// `ParseXml` of a text of the form that `WriteXml` gives to trees with ASCII names: elements
+/// without attributes but the mark, and character data with the references that `WriteXml` makes.
+/// Empty for every other text, well-formed or not: what is to become of those is for expat to tell.
 zq::auto_com<INode> ReadXmlDirectly(std::string_view text);
 
 }  // namespace ZQXML

@@ -12,7 +12,8 @@ namespace ZQXML {
 
 class Node;
 
-/// The children of a node; made when a node gets its first child or is asked for its list.
+/// The children of a node; made at the latest when it gets its first child or is asked for its
+/// list.
 class ChildList final : public INodeList {
  public:
     INode* First() override;
@@ -91,6 +92,7 @@ class Node final : public INode {
     }
     Node* AddLeaf(const Name* name, std::string_view text);
     Node* AddUnexpected(std::string_view name, std::string_view text);
+    Node* AddUnready(std::string_view name, std::string_view text);
     const Name* StoredName(std::string_view name);
     ChildList* Children();
     Node* FirstChild() const { return children_ == nullptr ? nullptr : children_->first_; }

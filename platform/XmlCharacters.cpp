@@ -147,13 +147,32 @@ bool AreEightPlain(const char* text) {
 std::size_t CountPlainAscii(std::string_view text) {
     constexpr std::size_t kStep = 8;
     std::size_t count = 0;
-    while (text.size() - count >= kStep && AreEightPlain(&text[count])) {
-        count += kStep;
+    for (;;) {
+        while (text.size() - count >= kStep && AreEightPlain(&text[count])) {
+            count += kStep;
+        }
+        const std::size_t end = std::min(count + kStep, text.size());
+        while (count < end && MayStand(text[count], kInText)) {
+            ++count;
+        }
+        if (count < end || end == text.size()) {
+            return count;
+        }
     }
-    while (count < text.size() && MayStand(text[count], kInText)) {
-        ++count;
+}
+
+/// The number of bytes of the characters beyond ASCII that `text` begins with. Those of UTF-8 are
+/// those of XML, but for two.
+std::size_t CountBeyondAscii(std::string_view text) {
+    const std::size_t size = text.size();
+    while (!text.empty() && static_cast<unsigned char>(text[0]) >= 0x80) {
+        const zq::Utf8Character character = zq::FirstCharacter(text);
+        if (character.size == 0 || character.code == 0xFFFE || character.code == 0xFFFF) {
+            break;
+        }
+        text.remove_prefix(character.size);
     }
-    return count;
+    return size - text.size();
 }
 
 }  // namespace
@@ -175,16 +194,18 @@ bool IsNameCharacter(char32_t code) {
 }
 
 std::size_t CountPlainText(std::string_view text) {
-    std::size_t count = CountPlainAscii(text);
-    while (count < text.size() && static_cast<unsigned char>(text[count]) >= 0x80) {
-        const zq::Utf8Character character = zq::FirstCharacter(text.substr(count));
-        if (character.size == 0 || !IsXmlCharacter(character.code)) {
-            break;
-        }
-        count += character.size;
+    std::size_t count = 0;
+    for (;;) {
         count += CountPlainAscii(text.substr(count));
+        if (count == text.size() || static_cast<unsigned char>(text[count]) < 0x80) {
+            return count;
+        }
+        const std::size_t beyond = CountBeyondAscii(text.substr(count));
+        if (beyond == 0) {
+            return count;
+        }
+        count += beyond;
     }
-    return count;
 }
 
 }  // namespace ZQXML

@@ -124,9 +124,9 @@ class ZQ_API INode {
     /// A part of a walk over the children: up to `room` (at least one) of those behind `last`, or
     /// from the first one on where that is null, as `View` shows them, except that encoded elements
     /// may be seen in bytes. Returns their number, 0 at the end. `last` is the last child of the
-    /// walk's part before. A part of two or more has all that are left or all that it has room for,
-    /// so fewer than `room` are the last ones; a part of one may be followed by more. The default
-    /// body walks the list, child by child.
+    /// walk's part before. The default body walks the list, child by child. One that shows more
+    /// than one child at a time has to show all that are left as long as there is room, as callers
+    /// take two or more that leave room for the last ones.
     virtual unsigned int ViewChildren(INode* last, NodeView* views, unsigned int room,
                                       NodeCopies& copies);
     /// `AddChild` of a text, zero bytes included, with views in place of strings.

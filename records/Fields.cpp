@@ -50,11 +50,10 @@ void ElementWriter::ValuesUnlessEmpty(std::string_view name,
 
 std::size_t ChildReader::CountChildren() {
     std::size_t count = 0;
-    ZQXML::INodeList* const children = Child()->GetChildren();
-    if (children != nullptr && children->First() != nullptr) {
-        do {
+    if (ZQXML::INodeList* const children = extras::ChildrenOf(Child())) {
+        for (auto* child = children->First(); child != nullptr; child = children->Next()) {
             ++count;
-        } while (children->Next() != nullptr);
+        }
     }
     return count;
 }

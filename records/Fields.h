@@ -293,8 +293,8 @@ class ChildReader {
 
 /// Collects the lines of a log text: "label = value\r\n".
 ///
-/// The verbs are inline for the labels: most are short and known to the compiler, which writes them
-/// as constants.
+/// The verbs are inline for the labels: with optimisation for speed, the compiler writes the short
+/// ones as constants.
 class TextLines {
  public:
     /// The lines of a record.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
 #include <new>
 #include <string>
@@ -268,6 +269,30 @@ TEST(AllocationFailureInTree, ReadingOperationsChangeNothing) {
         });
         EXPECT_EQ(TreeText(node.get()), before);
     }));
+}
+
+/// Adds many children of those names, in an order that is hard to foresee.
+std::size_t CountAllocationsOfChildren(const std::vector<std::string>& names) {
+    return allocation::CountAllocations([&names] {
+        const Tree root = NewNode("root");
+        std::uint32_t state = 1;
+        for (int count = 0; count < 20000; ++count) {
+            state = state * 1664525 + 1013904223;
+            root->AddChild(names[(state >> 16) % names.size()], 1);
+        }
+    });
+}
+
+TEST(AllocationFailureInTree, NamesThatDifferAnywhereAreKeptOnce) {
+    const std::string name = "ElementName";
+    const std::size_t expected = CountAllocationsOfChildren({name});
+    for (std::size_t at = 0; at < name.size(); ++at) {
+        std::vector<std::string> names(26, name);
+        for (std::size_t which = 0; which < names.size(); ++which) {
+            names[which][at] = static_cast<char>('a' + which);
+        }
+        EXPECT_LE(CountAllocationsOfChildren(names), expected + 1) << at;
+    }
 }
 
 TEST(AllocationFailureInTree, FindingWalkingAndReleasingNeedNoMemory) {
