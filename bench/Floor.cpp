@@ -547,9 +547,9 @@ class Pen {
     char* at_ = nullptr;
 };
 
-// More than their texts of the largest size and their labels.
-constexpr std::size_t kRoomPerAlbum = 64 * kLongestText;
-constexpr std::size_t kRoomPerTrack = 32 * kLongestText;
+// For 8 texts of a track, or 24 of an album, their labels and numbers.
+constexpr std::size_t kRoomPerTrack = 9 * kLongestText;
+constexpr std::size_t kRoomPerAlbum = 26 * kLongestText;
 
 template <class Track>
 void PutTrack(const Track& track, Pen& pen) {

@@ -41,8 +41,7 @@ ZQ_API std::string WriteXml(INode* node, bool indent = false);
 /// comments, processing instructions and all attributes but the mark. Names are those of XML 1.0 up
 /// to its fourth edition. Lines and columns count from 1, columns in characters.
 ///
-/// Fastest are texts as `WriteXml` writes them, as long as their names are ASCII; most of all texts
-/// that are ASCII throughout.
+/// Fastest are texts as `WriteXml` writes them, as long as their names are ASCII.
 ZQ_API zq::auto_com<INode> ParseXml(std::string_view text, std::string* error = nullptr);
 
 }  // namespace ZQXML
