@@ -24,6 +24,7 @@ class TextBuffer {
     /// What is written, until more is.
     std::string_view View() const { return {text_.data(), Size()}; }
 
+    /// Writes a piece that is no part of what is written.
     void Append(std::string_view piece) {
         Reserve(piece.size());
         Put(piece);

@@ -13,13 +13,6 @@
 namespace ZQXML {
 namespace {
 
-struct Reference {
-    std::string_view written;
-    char meaning;
-};
-
-constexpr Reference kReferences[] = {{"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&#13;", '\r'}};
-
 /// Reads from the front of a text. Each step that reads tells whether it found what it can read; if
 /// not, the text is not one for this reader, and what is left of it of no use.
 class DirectReader {
@@ -130,9 +123,9 @@ class DirectReader {
     bool IsAtTag() const { return !rest_.empty() && rest_[0] == '<'; }
 
     bool ReadReference() {
-        for (const Reference& reference : kReferences) {
-            if (Skip(reference.written)) {
-                text_ += reference.meaning;
+        for (const XmlReference& reference : kXmlReferences) {
+            if (Skip(reference.text)) {
+                text_ += reference.character;
                 return true;
             }
         }

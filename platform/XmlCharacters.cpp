@@ -179,12 +179,6 @@ std::size_t CountBeyondAscii(std::string_view text) {
 
 const std::array<std::uint8_t, 256> kCharacterUses = MakeCharacterUses();
 
-bool IsXmlCharacter(char32_t code) {
-    return code >= 0x20
-               ? code <= 0x10FFFF && !zq::IsSurrogate(code) && code != 0xFFFE && code != 0xFFFF
-               : code == '\t' || code == '\n' || code == '\r';
-}
-
 bool IsNameStart(char32_t code) {
     return Contains(kNameStarts, code);
 }

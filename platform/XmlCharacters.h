@@ -13,8 +13,18 @@ inline constexpr std::string_view kXmlWhiteSpace = " \t\n\r";
 /// The mark of encoded text, as it is written in a start tag.
 inline constexpr std::string_view kXmlEncodedMark = R"( encoding="base64")";
 
-/// Whether XML 1.0 text may hold the character, as it stands or as a character reference.
-bool IsXmlCharacter(char32_t code);
+/// A character that is written as a reference, as it cannot stand in an element's text as it is.
+struct XmlReference {
+    char character;
+    std::string_view text;
+};
+
+inline constexpr XmlReference kXmlReferences[] = {
+    {'&', "&amp;"},
+    {'<', "&lt;"},
+    {'>', "&gt;"},
+    {'\r', "&#13;"},  // a reader turns a bare one into a line feed
+};
 
 /// Whether an XML name may begin with the character, or hold it behind its beginning. The letters
 /// are those of Appendix B of XML 1.0 up to its fourth edition, the ones that expat knows; later
@@ -47,7 +57,7 @@ inline std::size_t CountNameCharacters(std::string_view text) {
 }
 
 /// The number of bytes of the characters that `text` begins with and that may be written as they
-/// are in an element's text: all that XML knows but "&", "<", ">" and the carriage return.
+/// are in an element's text: all that XML knows but those of `kXmlReferences`.
 std::size_t CountPlainText(std::string_view text);
 
 }  // namespace ZQXML

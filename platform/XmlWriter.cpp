@@ -15,18 +15,12 @@ constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 
 /// How a character of a text is written that cannot stand as it is.
 std::string_view Escape(char32_t code) {
-    switch (code) {
-        case '&':
-            return "&amp;";
-        case '<':
-            return "&lt;";
-        case '>':
-            return "&gt;";
-        case '\r':
-            return "&#13;";  // a reader turns a bare one into a line feed
-        default:
-            return kReplacement;
+    for (const XmlReference& reference : kXmlReferences) {
+        if (code == static_cast<unsigned char>(reference.character)) {
+            return reference.text;
+        }
     }
+    return kReplacement;
 }
 
 void AppendText(std::string_view text, zq::TextBuffer& out) {

@@ -1,7 +1,6 @@
 #include "records/Fields.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "common/PlatformExtras.h"
 #include "common/TextConversion.h"

@@ -198,6 +198,18 @@ TEST_F(TextLinesTest, KeepsTheBytesOfATextAsTheyAre) {
     EXPECT_EQ(lines.Take(), "text = " + text + "\r\n");
 }
 
+TEST_F(TextLinesTest, UnusualDisplayTextIsWhatTheConverterMakesOfIt) {
+    for (const std::wstring& text :
+         {std::wstring(L"cut\0here", 8), std::wstring(1, static_cast<wchar_t>(0xD800)),
+          std::wstring(500, static_cast<wchar_t>(0xDFFF)),
+          L"plain, then " + std::wstring(1, static_cast<wchar_t>(0x110000))}) {
+        TextLines lines;
+        lines.Display("first", text);
+        lines.Display("second", L"usual");
+        EXPECT_EQ(lines.Take(), "first = " + convertToUtf8(text) + "\r\nsecond = usual\r\n");
+    }
+}
+
 /// An item of a list, as far as a log text is concerned.
 struct LoggedItem {
     void AddLines(TextLines& lines) const { lines.Text(text); }
