@@ -41,7 +41,7 @@ struct AccountCase : RecordCase, SampleAccountProperties {
         "zip = \r\n";
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(AccountProperties, RecordTest, AccountCase, CaseNames);
+const RulesFor<AccountCase> kRules("DataAccountProperties");
 
 static_assert(AreAll<std::string>(&Account::accountType, &Account::cobrand, &Account::country,
                                   &Account::lastName, &Account::zip));
@@ -89,10 +89,6 @@ TEST(DataAccountProperties, ReadsEachElementIntoItsField) {
     EXPECT_EQ(account.trialTerminationDate, 4242424242U);
     EXPECT_EQ(account.userName, L"\u0416\u0443\u043A \U0001FAB2");
     EXPECT_EQ(account.zip, "D-60311");
-}
-
-TEST(DataAccountProperties, WritesIntoAnyNode) {
-    ExpectWritesIntoAnyNode<AccountCase>();
 }
 
 TEST(DataAccountProperties, RecordOfNullsHasTheThreeNumbersOnly) {

@@ -18,6 +18,7 @@ namespace {
 struct AlbumCase : RecordCase, SampleAlbum {
     using Record = DataAlbum;
     static constexpr bool kReadsParent = true;
+    static constexpr bool kWritesIntoGivenNode = false;
     static constexpr char kEmptyTree[] = "<Album/>";
     inline static const std::string kEmptyText =
         "AlbumArt70x70Url = \r\n"
@@ -31,7 +32,7 @@ struct AlbumCase : RecordCase, SampleAlbum {
     }
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Album, RecordTest, AlbumCase, CaseNames);
+const RulesFor<AlbumCase> kRules("DataAlbum");
 
 using Soap = Quavera::Quavera2__AlbumMetadata;
 using ArrayOfString = Quavera::Quavera2__ArrayOfString;

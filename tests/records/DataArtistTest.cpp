@@ -18,6 +18,7 @@ namespace {
 struct ArtistCase : RecordCase, SampleArtist {
     using Record = DataArtist;
     static constexpr bool kGoesByName = true;
+    static constexpr bool kWritesIntoGivenNode = false;
     static constexpr char kEmptyTree[] = "<Artist/>";
     static constexpr char kEmptyText[] =
         "artistStation = name = \r\nstationId = \r\ntype = \r\nfreeStation = false\r\n\r\n"
@@ -34,8 +35,8 @@ struct ArtistBelowParentCase : ArtistCase {
     static constexpr bool kReadsParent = true;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Artist, RecordTest, ArtistCase, CaseNames);
-INSTANTIATE_TYPED_TEST_SUITE_P(ArtistBelowParent, RecordTest, ArtistBelowParentCase, CaseNames);
+const RulesFor<ArtistCase> kRules("DataArtist");
+const RulesFor<ArtistBelowParentCase> kRulesBelowParent("DataArtist_BelowParent");
 
 using Soap = Quavera::Quavera2__ArtistMetadata;
 using ArrayOfAlbums = Quavera::Quavera2__ArrayOfLiteAlbumMetadata;

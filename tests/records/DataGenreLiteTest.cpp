@@ -13,12 +13,13 @@ namespace {
 
 struct GenreLiteCase : RecordCase, SampleGenreLite {
     using Record = DataGenreLite;
+    static constexpr bool kWritesIntoGivenNode = false;
     static constexpr const char* kTextReadTwice = kText;
     static constexpr char kEmptyTree[] = "<GenreLite/>";
     static constexpr char kEmptyText[] = "genreId = \r\nname = \r\nsubCount = 0\r\n";
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(GenreLite, RecordTest, GenreLiteCase, CaseNames);
+const RulesFor<GenreLiteCase> kRules("DataGenreLite");
 
 using Soap = Quavera::Quavera2__LiteGenreMetadata;
 

@@ -17,6 +17,7 @@ namespace {
 
 struct GenreCase : RecordCase, SampleGenre {
     using Record = DataGenre;
+    static constexpr bool kWritesIntoGivenNode = false;
     inline static const std::string kTextReadTwice = Text(2);
     static constexpr char kEmptyTree[] = "<Genre><ChildGenres/><ParentGenres/></Genre>";
     static constexpr char kEmptyText[] =
@@ -30,7 +31,7 @@ struct GenreCase : RecordCase, SampleGenre {
     static std::set<std::string> RepeatedElements() { return {"ChildGenres", "ParentGenres"}; }
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Genre, RecordTest, GenreCase, CaseNames);
+const RulesFor<GenreCase> kRules("DataGenre");
 
 using Soap = SampleGenre::Soap;
 using Summary = SampleGenre::Summary;

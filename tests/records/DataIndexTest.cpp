@@ -18,7 +18,7 @@ struct IndexCase : RecordCase, SampleIndex {
     static constexpr char kEmptyText[] = "letter = \r\nstart = 0\r\n";
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Index, RecordTest, IndexCase, CaseNames);
+const RulesFor<IndexCase> kRules("DataIndex");
 
 using Soap = Quavera::Quavera2__AlphaIndexPosition;
 
@@ -31,10 +31,6 @@ TEST(DataIndex, ReadsEachElementIntoItsField) {
     const auto index = FromTree<DataIndex>(SampleIndex::kTree);
     EXPECT_EQ(index.letter, "B");
     EXPECT_EQ(index.start, 120);
-}
-
-TEST(DataIndex, WritesIntoAnyNode) {
-    ExpectWritesIntoAnyNode<IndexCase>();
 }
 
 TEST(DataIndex, FirstByteOfTheLetterTravelsAsItsCode) {

@@ -15,6 +15,7 @@ namespace {
 struct MemberLibraryCase : RecordCase, SampleMemberLibrary {
     using Record = DataMemberLibrary;
     static constexpr bool kReadsParent = true;
+    static constexpr bool kWritesIntoGivenNode = false;
     inline static const std::string kTextReadTwice = kTracksText + kTracksText + kPlaylistsText +
                                                      kPlaylistsText + kStationsText +
                                                      kStationsText + SampleMemberLibraryLite::kText;
@@ -22,7 +23,7 @@ struct MemberLibraryCase : RecordCase, SampleMemberLibrary {
     static constexpr char kEmptyText[] = "lastModifiedDate = 0\r\nmemberId = \r\n";
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(MemberLibrary, RecordTest, MemberLibraryCase, CaseNames);
+const RulesFor<MemberLibraryCase> kRules("DataMemberLibrary");
 
 static_assert(AreAll<std::vector<DataPlaylistLite>>(&DataMemberLibrary::playlists));
 static_assert(AreAll<std::vector<DataStationLite>>(&DataMemberLibrary::stations));

@@ -14,12 +14,13 @@ namespace {
 
 struct PlaylistCase : RecordCase, SamplePlaylist {
     using Record = DataPlaylist;
+    static constexpr bool kWritesIntoGivenNode = false;
     inline static const std::string kTextReadTwice = kTracksText + kText;
     static constexpr const char* kEmptyTree = SamplePlaylistLite::kEmptyTree;
     static constexpr const char* kEmptyText = SamplePlaylistLite::kEmptyText;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Playlist, RecordTest, PlaylistCase, CaseNames);
+const RulesFor<PlaylistCase> kRules("DataPlaylist");
 
 static_assert(AreAll<std::vector<DataTrackInfo>>(&DataPlaylist::tracks));
 static_assert(std::is_base_of_v<DataPlaylistLite, DataPlaylist>);

@@ -16,6 +16,7 @@ namespace {
 struct StationCase : RecordCase, SampleStation {
     using Record = DataStation;
     static constexpr bool kGoesByName = true;
+    static constexpr bool kWritesIntoGivenNode = false;
     static constexpr const char* kTextReadTwice = kText;
     static constexpr char kEmptyTree[] = "<Station/>";
     static constexpr char kEmptyText[] =
@@ -27,8 +28,8 @@ struct StationParentCase : StationCase {
     static constexpr bool kReadsParent = true;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Station, RecordTest, StationCase, CaseNames);
-INSTANTIATE_TYPED_TEST_SUITE_P(StationBelowParent, RecordTest, StationParentCase, CaseNames);
+const RulesFor<StationCase> kRules("DataStation");
+const RulesFor<StationParentCase> kRulesBelowParent("DataStation_BelowParent");
 
 TEST(DataStation, AddsNoFieldsToTheSummary) {
     EXPECT_TRUE((std::is_base_of_v<DataStationLite, DataStation>));

@@ -19,6 +19,7 @@ namespace {
 
 struct TrackCase : RecordCase, SampleTrack {
     using Record = DataTrackInfo;
+    static constexpr bool kWritesIntoGivenNode = false;
     static constexpr const char* kTextReadTwice = kText;
     static constexpr char kEmptyTree[] = "<Track/>";
     static constexpr char kEmptyText[] =
@@ -35,7 +36,7 @@ struct TrackCase : RecordCase, SampleTrack {
         "UserData = \r\n";
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Track, RecordTest, TrackCase, CaseNames);
+const RulesFor<TrackCase> kRules("DataTrackInfo");
 
 using Soap = Quavera::Quavera2__LiteTrackMetadata;
 

@@ -23,6 +23,16 @@ class FakeNode : public ZQXML::INode {
         return zq::auto_com<FakeNode>(new FakeNode(std::move(name), std::move(text)));
     }
 
+    /// A copy of a tree of any implementation.
+    static zq::auto_com<ZQXML::INode> Copy(ZQXML::INode* tree) {
+        zq::auto_com<ZQXML::INode> copy(new FakeNode(tree->GetName(), tree->GetValue()));
+        ZQXML::INodeList* const children = tree->GetChildren();
+        for (ZQXML::INode* child = children->First(); child != nullptr; child = children->Next()) {
+            copy->AppendChild(Copy(child).get());
+        }
+        return copy;
+    }
+
     FakeNode(const FakeNode&) = delete;
     FakeNode& operator=(const FakeNode&) = delete;
 
