@@ -1,0 +1,84 @@
+// Times, by Google Benchmark: "round" is W, R, F and D, "document" has S and P in between, "text"
+// is the log text alone.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <string>
+
+#include "bench/measure/Conversion.h"
+#include "bench/shared/Steps.h"
+#include "common/QuaveraCommon.h"
+
+namespace {
+
+constexpr int kMany = 1000;
+constexpr int kFew = 12;
+constexpr std::size_t kTextSize = 20;
+
+/// Registers steps of a contender on an album with so many tracks.
+void Register(const std::string& what, const std::string& steps, const std::string& name,
+              int trackCount) {
+    const auto measure = [=](benchmark::State& state) {
+        const auto contender = bench::MakeContender(name);
+        bench::Album album(trackCount, contender->Wanted());
+        bench::Prepare(steps, album.soap(), contender.get());
+        for (auto _ : state) {
+            bench::DoSteps(steps, album.soap(), contender.get());
+        }
+    };
+    const std::string title = what + '/' + name + '/' + std::to_string(trackCount);
+    benchmark::RegisterBenchmark(title.c_str(), measure)->Unit(benchmark::kMicrosecond);
+}
+
+template <class Convert>
+void RegisterConversion(const char* title, Convert convert) {
+    const auto measure = [=](benchmark::State& state) {
+        const std::string text = bench::AsciiText(kTextSize);
+        for (auto _ : state) {
+            benchmark::DoNotOptimize(convert(text));
+        }
+    };
+    benchmark::RegisterBenchmark(title, measure)->Unit(benchmark::kMicrosecond);
+}
+
+bool IsFloor(const std::string& name) {
+    return name.compare(0, 5, "floor") == 0;
+}
+
+void RegisterAll() {
+    for (const std::string& name : bench::ContenderNames()) {
+        for (const int trackCount : {kMany, kFew}) {
+            if (name.find("gsoap") == std::string::npos) {
+                Register("round", "WRFD", name, trackCount);
+            }
+            if (!IsFloor(name)) {
+                Register("document", "WSFPRFD", name, trackCount);
+            }
+        }
+        if (IsFloor(name) || name == "ours") {
+            Register("text", "T", name, kMany);
+        }
+    }
+    for (const int trackCount : {100, 10000, 100000}) {
+        Register("round", "WRFD", "ours", trackCount);
+    }
+    RegisterConversion("convert/ours", convertFromUtf8);
+    RegisterConversion("convert/iconv", bench::ConvertByOpeningIconv);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    benchmark::Initialize(&count, arguments);
+    if (benchmark::ReportUnrecognizedArguments(count, arguments)) {
+        return 2;
+    }
+    if (!bench::Agree(kFew) || !bench::Agree(kMany)) {
+        return 1;
+    }
+    RegisterAll();
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,66 @@
+#include "bench/peers/PeerText.h"
+
+#include <openssl/evp.h>
+
+#include <cstdlib>
+
+namespace bench {
+namespace {
+
+unsigned char* Bytes(std::vector<char>& buffer) {
+    return reinterpret_cast<unsigned char*>(buffer.data());
+}
+
+const unsigned char* Bytes(std::string_view text) {
+    return reinterpret_cast<const unsigned char*>(text.data());
+}
+
+template <class Unit>
+void Provide(std::vector<Unit>& buffer, std::size_t size) {
+    if (buffer.size() < size) {
+        buffer.resize(size);
+    }
+}
+
+}  // namespace
+
+PeerText::PeerText() : converter_(iconv_open("WCHAR_T", "UTF-8")) {}
+
+PeerText::~PeerText() {
+    iconv_close(converter_);
+}
+
+std::string_view PeerText::Encode(const std::string& text) {
+    Provide(bytes_, (text.size() + 2) / 3 * 4 + 1);
+    const int size = EVP_EncodeBlock(Bytes(bytes_), Bytes(text), static_cast<int>(text.size()));
+    return {bytes_.data(), static_cast<std::size_t>(size)};
+}
+
+std::wstring_view PeerText::DecodeToWide(std::string_view text) {
+    Provide(bytes_, text.size());
+    const int decoded = EVP_DecodeBlock(Bytes(bytes_), Bytes(text), static_cast<int>(text.size()));
+    if (decoded < 0) {
+        std::abort();
+    }
+    // Padding counts as zero bytes there.
+    auto size = static_cast<std::size_t>(decoded);
+    for (; !text.empty() && text.back() == '='; text.remove_suffix(1)) {
+        --size;
+    }
+    return ToWide({bytes_.data(), size});
+}
+
+std::wstring_view PeerText::ToWide(std::string_view text) {
+    Provide(characters_, text.size());
+    // iconv does not write to its input; its declaration is older than const.
+    char* from = const_cast<char*>(text.data());
+    std::size_t fromSize = text.size();
+    char* to = reinterpret_cast<char*>(characters_.data());
+    std::size_t toSize = characters_.size() * sizeof(wchar_t);
+    if (iconv(converter_, &from, &fromSize, &to, &toSize) == static_cast<std::size_t>(-1)) {
+        std::abort();
+    }
+    return {characters_.data(), characters_.size() - toSize / sizeof(wchar_t)};
+}
+
+}  // namespace bench

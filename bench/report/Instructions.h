@@ -1,0 +1,45 @@
+#ifndef QUAVERA_BENCH_REPORT_INSTRUCTIONS_H_
+#define QUAVERA_BENCH_REPORT_INSTRUCTIONS_H_
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// Instructions that runs of `quavera-bench-run` execute, counted by callgrind as the difference of
+/// two runs that differ in the number of repeats only. Starting, filling the album and warming up
+/// fall out of it.
+class Instructions {
+ public:
+    /// `program` is the path of `quavera-bench-run`.
+    explicit Instructions(std::string program) : program_(std::move(program)) {}
+
+    /// Asks for the steps of a contender, or of these only `step`, a function's name.
+    void Want(const std::string& contender, const std::string& steps, int trackCount,
+              const std::string& step = {});
+    /// Counts what was asked for, on all processors.
+    void Count();
+    /// The instructions of one repeat.
+    double Of(const std::string& contender, const std::string& steps, int trackCount,
+              const std::string& step = {}) const;
+
+ private:
+    struct Case {
+        std::string command;  // up to the repeats
+        int fewer;
+        int more;
+        double result;
+    };
+
+    static std::string Key(const std::string& contender, const std::string& steps, int trackCount,
+                           const std::string& step);
+    static double Collected(const Case& wanted, int repeats);
+
+    std::string program_;
+    std::map<std::string, Case> cases_;
+};
+
+}  // namespace bench
+
+#endif  // QUAVERA_BENCH_REPORT_INSTRUCTIONS_H_

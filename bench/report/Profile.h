@@ -1,0 +1,23 @@
+#ifndef QUAVERA_BENCH_REPORT_PROFILE_H_
+#define QUAVERA_BENCH_REPORT_PROFILE_H_
+
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// A function's own instructions, those of what is inlined into it included, as a share of all.
+struct Share {
+    std::string function;  // without its parameters
+    std::string library;   // file name of the library or program
+    double percent;
+};
+
+/// Where `quavera-bench-run` (`program`) executes the instructions of a contender's steps, the
+/// largest share first.
+std::vector<Share> ProfileOf(const std::string& program, const std::string& contender,
+                             const std::string& steps, int trackCount);
+
+}  // namespace bench
+
+#endif  // QUAVERA_BENCH_REPORT_PROFILE_H_
