@@ -7,6 +7,7 @@
 #include <string>
 
 #include "bench/measure/Conversion.h"
+#include "bench/shared/Agreement.h"
 #include "bench/shared/Steps.h"
 #include "common/QuaveraCommon.h"
 

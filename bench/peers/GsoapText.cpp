@@ -1,14 +1,48 @@
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "bench/peers/PeerText.h"
 #include "bench/shared/Contender.h"
+#include "bench/shared/SoapToRecord.h"
 #include "records/DataAlbum.h"
 #include "soap/QuaveraH.h"
 
 namespace bench {
 namespace {
+
+/// How a member gets into its field: as it is.
+class Way {
+ public:
+    static void Plain(const std::string* member, std::string& field) { Take(member, field); }
+    static void Number(const int* member, int& field) { Take(member, field); }
+    static void Flag(const bool* member, bool& field) { Take(member, field); }
+    void Display(const std::string* member, std::wstring& field) {
+        if (member != nullptr) {
+            field = codec_.ToWide(*member);
+        }
+    }
+    static void Texts(const SoapTexts* member, std::vector<std::string>& field) {
+        if (member != nullptr) {
+            field.assign(member->items, member->items + member->count);
+        }
+    }
+    static DataTrackInfo& AppendTrack(std::vector<DataTrackInfo>& tracks) {
+        return tracks.emplace_back();
+    }
+
+ private:
+    template <class Value>
+    static void Take(const Value* member, Value& field) {
+        if (member != nullptr) {
+            field = *member;
+        }
+    }
+
+    PeerText codec_;
+};
 
 /// gSOAP's own text form in place of a tree: the SOAP record is written to memory and read back
 /// into a SOAP record, from which the record is filled. To write is to save and to read is to
@@ -37,7 +71,7 @@ class GsoapText final : public Contender {
         if (Quavera::soap_read_Quavera2__AlbumMetadata(&soap_, &album) != SOAP_OK) {
             std::abort();
         }
-        Fill(album, record_.emplace());
+        FillAlbum(way_, album, record_.emplace());
     }
     void Free() override {
         soap_destroy(&soap_);
@@ -64,72 +98,9 @@ class GsoapText final : public Contender {
         return size;
     }
 
-    template <class Value>
-    static void Take(const Value* member, Value& field) {
-        if (member != nullptr) {
-            field = *member;
-        }
-    }
-    void Take(const std::string* member, std::wstring& field) {
-        if (member != nullptr) {
-            field = codec_.ToWide(*member);
-        }
-    }
-    static void Take(const SoapTexts* member, std::vector<std::string>& field) {
-        if (member != nullptr) {
-            field.assign(member->items, member->items + member->count);
-        }
-    }
-
-    void Fill(const SoapTrack& soap, DataTrackInfo& track) {
-        Take(soap.albumId, track.albumId);
-        Take(soap.artistId, track.artistId);
-        Take(soap.discIndex, track.discIndex);
-        Take(soap.displayAlbumName, track.displayAlbumName);
-        Take(soap.displayArtistName, track.displayArtistName);
-        Take(soap.genreId, track.genreId);
-        Take(soap.name, track.name);
-        Take(soap.playbackSeconds, track.playbackSeconds);
-        Take(soap.rightFlags, track.rightFlags);
-        Take(soap.trackId, track.trackId);
-        Take(soap.trackIndex, track.trackIndex);
-    }
-
-    void Fill(const SoapAlbum& soap, DataAlbum& album) {
-        Take(soap.albumArt162x162Url, album.albumArt162x162Url);
-        Take(soap.albumId, album.albumId);
-        Take(soap.albumType, album.albumType);
-        Take(soap.compilation, album.compilation);
-        Take(soap.displayName, album.displayName);
-        Take(soap.name, album.name);
-        Take(soap.parentalAuthority, album.parentalAuthority);
-        Take(soap.primaryArtistDisplayName, album.primaryArtistDisplayName);
-        Take(soap.primaryArtistId, album.primaryArtistId);
-        Take(soap.primaryStyle, album.primaryStyle);
-        Take(soap.releaseYear, album.releaseYear);
-        Take(soap.shortcut, album.shortcut);
-        Take(soap.displayableAlbumTypes, album.displayableAlbumTypes);
-        Take(soap.albumArt70x70Url, album.albumArt70x70Url);
-        Take(soap.copyright, album.copyright);
-        Take(soap.label, album.label);
-        Take(soap.nonDisplayableAlbumTypes, album.nonDisplayableAlbumTypes);
-        if (const SoapArtist* const artist = soap.primaryArtist) {
-            Take(artist->artistId, album.primaryArtist.artistId);
-            Take(artist->name, album.primaryArtist.name);
-            Take(artist->shortcut, album.primaryArtist.shortcut);
-        }
-        if (const SoapTracks* const tracks = soap.tracks) {
-            album.tracks.reserve(static_cast<std::size_t>(tracks->count));
-            for (int at = 0; at < tracks->count; ++at) {
-                Fill(*tracks->items[at], album.tracks.emplace_back());
-            }
-        }
-        Take(soap.upccode, album.upccode);
-    }
-
     struct soap soap_;
     Members members_;
-    PeerText codec_;
+    Way way_;
     std::string saved_;
     std::size_t received_ = 0;
     std::optional<DataAlbum> record_;

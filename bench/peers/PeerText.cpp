@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 
+#include "bench/shared/Iconv.h"
+
 namespace bench {
 namespace {
 
@@ -24,7 +26,7 @@ void Provide(std::vector<Unit>& buffer, std::size_t size) {
 
 }  // namespace
 
-PeerText::PeerText() : converter_(iconv_open("WCHAR_T", "UTF-8")) {}
+PeerText::PeerText() : converter_(OpenUtf8ToWide()) {}
 
 PeerText::~PeerText() {
     iconv_close(converter_);
@@ -52,15 +54,7 @@ std::wstring_view PeerText::DecodeToWide(std::string_view text) {
 
 std::wstring_view PeerText::ToWide(std::string_view text) {
     Provide(characters_, text.size());
-    // iconv does not write to its input; its declaration is older than const.
-    char* from = const_cast<char*>(text.data());
-    std::size_t fromSize = text.size();
-    char* to = reinterpret_cast<char*>(characters_.data());
-    std::size_t toSize = characters_.size() * sizeof(wchar_t);
-    if (iconv(converter_, &from, &fromSize, &to, &toSize) == static_cast<std::size_t>(-1)) {
-        std::abort();
-    }
-    return {characters_.data(), characters_.size() - toSize / sizeof(wchar_t)};
+    return {characters_.data(), Widen(converter_, text, characters_.data())};
 }
 
 }  // namespace bench

@@ -17,10 +17,6 @@ void Prepare(const std::string& steps, SoapAlbum* soap, Contender* contender);
 /// Does the steps a number of times.
 void RepeatSteps(const std::string& steps, SoapAlbum* soap, Contender* contender, int repeats);
 
-/// Whether all contenders make the same record of an album with so many tracks, and the trees the
-/// same elements. What differs is told on standard error.
-bool Agree(int trackCount);
-
 }  // namespace bench
 
 #endif  // QUAVERA_BENCH_SHARED_STEPS_H_
