@@ -8,14 +8,14 @@
 
 #include "bench/measure/Conversion.h"
 #include "bench/shared/Agreement.h"
+#include "bench/shared/Cases.h"
 #include "bench/shared/Steps.h"
 #include "common/QuaveraCommon.h"
 
 namespace {
 
-constexpr int kMany = 1000;
-constexpr int kFew = 12;
-constexpr std::size_t kTextSize = 20;
+using bench::kFew;
+using bench::kMany;
 
 /// Registers steps of a contender on an album with so many tracks.
 void Register(const std::string& what, const std::string& steps, const std::string& name,
@@ -35,7 +35,7 @@ void Register(const std::string& what, const std::string& steps, const std::stri
 template <class Convert>
 void RegisterConversion(const char* title, Convert convert) {
     const auto measure = [=](benchmark::State& state) {
-        const std::string text = bench::AsciiText(kTextSize);
+        const std::string text = bench::AsciiText(bench::kTextSize);
         for (auto _ : state) {
             benchmark::DoNotOptimize(convert(text));
         }
@@ -51,18 +51,20 @@ void RegisterAll() {
     for (const std::string& name : bench::ContenderNames()) {
         for (const int trackCount : {kMany, kFew}) {
             if (name.find("gsoap") == std::string::npos) {
-                Register("round", "WRFD", name, trackCount);
+                Register("round", bench::kRound, name, trackCount);
             }
             if (!IsFloor(name)) {
-                Register("document", "WSFPRFD", name, trackCount);
+                Register("document", bench::kDocument, name, trackCount);
             }
         }
         if (IsFloor(name) || name == "ours") {
-            Register("text", "T", name, kMany);
+            Register("text", bench::kText, name, kMany);
         }
     }
-    for (const int trackCount : {100, 10000, 100000}) {
-        Register("round", "WRFD", "ours", trackCount);
+    for (const int trackCount : bench::kGrowth) {
+        if (trackCount != kMany && trackCount != kFew) {
+            Register("round", bench::kRound, "ours", trackCount);
+        }
     }
     RegisterConversion("convert/ours", convertFromUtf8);
     RegisterConversion("convert/iconv", bench::ConvertByOpeningIconv);

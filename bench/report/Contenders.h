@@ -1,0 +1,29 @@
+#ifndef QUAVERA_BENCH_REPORT_CONTENDERS_H_
+#define QUAVERA_BENCH_REPORT_CONTENDERS_H_
+
+#include <string>
+#include <vector>
+
+// The names of the contenders and of their steps' functions, in the order of the tables.
+
+namespace bench {
+
+using Names = std::vector<std::string>;
+
+inline const Names kTrees = {"ours", "pugixml", "pugixml-lean", "libxml2", "tinyxml2"};
+inline const Names kFloors = {"floor", "floor-bare"};
+inline const Names kGsoap = {"gsoap-text", "gsoap-text-full"};
+inline const Names kInHeap = {"ours", "floor", "pugixml", "libxml2", "tinyxml2"};
+inline const Names kWithText = {"ours", "floor", "floor-bare"};
+
+inline const Names kRoundSteps = {"StepWrite", "StepRead", "StepFree", "StepDrop"};
+inline const Names kTextSteps = {"StepSave", "StepParse"};
+
+inline Names Both(Names first, const Names& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+}  // namespace bench
+
+#endif  // QUAVERA_BENCH_REPORT_CONTENDERS_H_
