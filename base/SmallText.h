@@ -8,7 +8,7 @@
 /// Comparing and copying element names and short texts, of which a tree has a dozen for each
 /// record: up to 16 bytes in two overlapping words each, without a call into the C library, which
 /// costs three times as much.
-namespace zq {
+namespace quavera {
 
 template <class Word, class Unit>
 Word LoadWord(const Unit* text) {
@@ -53,7 +53,7 @@ inline void CopyUpTo3(std::string_view text, char* to) {
     }
 }
 
-/// Copies `text` to `to`; the place behind it.
+/// Copies `text` to `to`. Returns the position after it.
 inline char* CopyText(std::string_view text, char* to) {
     const std::size_t size = text.size();
     if (size > 16) {
@@ -68,6 +68,6 @@ inline char* CopyText(std::string_view text, char* to) {
     return to + size;
 }
 
-}  // namespace zq
+}  // namespace quavera
 
 #endif  // QUAVERA_BASE_SMALL_TEXT_H_

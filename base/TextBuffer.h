@@ -9,7 +9,7 @@
 
 #include "base/SmallText.h"
 
-namespace zq {
+namespace quavera {
 
 /// A text that is written piece by piece. It is longer than what is written by some room, so that a
 /// piece takes a comparison and a copy, no call.
@@ -30,17 +30,18 @@ class TextBuffer {
         Put(piece);
     }
 
-    /// Makes room for that many more bytes.
-    void Reserve(std::size_t size) {
+    /// Makes room for that many more bytes, and returns the place of the first. What is written
+    /// there by other means than `Put` counts from `SetEnd` on.
+    char* Reserve(std::size_t size) {
         if (static_cast<std::size_t>(roomEnd_ - end_) < size) {
             Grow(size);
         }
+        return end_;
     }
     /// Writes a piece that there is room for. It may be a part of what is written.
     void Put(std::string_view piece) { end_ = CopyText(piece, end_); }
-    /// Where the next piece goes; what is written there by other means counts from `MoveEnd` on.
-    char* End() { return end_; }
-    void MoveEnd(std::size_t size) { end_ += size; }
+    /// Takes all up to `end` for written, a place within what was reserved.
+    void SetEnd(char* end) { end_ = end; }
 
     /// Tells that about so many bytes are still to come.
     void Expect(std::size_t size) {
@@ -81,6 +82,6 @@ class TextBuffer {
     char* roomEnd_ = end_;
 };
 
-}  // namespace zq
+}  // namespace quavera
 
 #endif  // QUAVERA_BASE_TEXT_BUFFER_H_

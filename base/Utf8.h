@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
-namespace zq {
+/// UTF-8 (RFC 3629), a character at a time, both ways.
+namespace quavera {
 
 /// A character of a UTF-8 text: its code and the number of bytes that it takes.
 struct Utf8Character {
@@ -58,6 +59,38 @@ constexpr Utf8Character FirstCharacter(std::string_view text) {
     return isUtf8 ? Utf8Character{code, 4} : kNoUtf8;
 }
 
-}  // namespace zq
+/// The most bytes that a character takes.
+inline constexpr std::size_t kLargestUtf8 = 4;
+
+/// Writes the UTF-8 form of a character to `to`, which has room for `kLargestUtf8` bytes. Returns
+/// the place after it, or null for what is no character: a surrogate, a code above 10FFFF.
+constexpr char* PutCharacter(char32_t code, char* to) {
+    const auto put = [&to](char32_t byte) { *to++ = static_cast<char>(byte); };
+    const auto putTrail = [&put, code](unsigned shift) { put(0x80 | ((code >> shift) & 0x3F)); };
+    if (code < 0x80) {
+        put(code);
+        return to;
+    }
+    if (code < 0x800) {
+        put(0xC0 | (code >> 6));
+    } else if (code < 0x10000) {
+        if (IsSurrogate(code)) {
+            return nullptr;
+        }
+        put(0xE0 | (code >> 12));
+        putTrail(6);
+    } else {
+        if (code > 0x10FFFF) {
+            return nullptr;
+        }
+        put(0xF0 | (code >> 18));
+        putTrail(12);
+        putTrail(6);
+    }
+    putTrail(0);
+    return to;
+}
+
+}  // namespace quavera
 
 #endif  // QUAVERA_BASE_UTF8_H_

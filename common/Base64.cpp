@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <new>
-#include <string>
 
-#include "common/TextConversion.h"
+#include "common/BorrowedText.h"
 #include "platform/zqshared.h"
 
+namespace quavera {
 namespace {
 
 constexpr long kMode = 2;  // the codec's only line format: none
@@ -19,43 +19,59 @@ bool Allocate(std::string* buffer, std::size_t size) {
     }
 }
 
+/// Cuts a buffer that a codec has written to: it counts as a zero-terminated string.
+void CutAtZero(std::string* buffer) {
+    buffer->resize(std::min(buffer->find('\0'), buffer->size()));
+}
+
 }  // namespace
 
-std::string base64EncodeString(std::string data) {
+std::string EncodeBase64(std::string_view data) {
     if (data.empty()) {
         return {};
     }
     Base64Encoder encoder;
     const auto size = static_cast<long>(data.size());
-    long length = encoder.EncodeGetLength(size, kMode);
+    const long capacity = encoder.EncodeGetLength(size, kMode);
     std::string text;
-    // One more character than is encoded: an encoder may end its text with a zero byte.
-    if (!Allocate(&text, static_cast<std::size_t>(length) + 1)) {
+    if (!Allocate(&text, static_cast<std::size_t>(capacity) + 1)) {
         return {};
     }
+    long length = capacity;
     encoder.Encode(data.data(), size, text.data(), &length, kMode);
-    text.resize(static_cast<std::size_t>(length));
+    text.resize(static_cast<std::size_t>(std::clamp(length, 0L, capacity)));
+    CutAtZero(&text);  // an encoder may count a terminator of its own
     return text;
 }
 
-std::string base64EncodeString(std::string* data) {
-    return base64EncodeString(*data);
-}
-
-std::string base64DecodeString(std::string text) {
-    if (text.empty()) {
+std::string DecodeBase64(std::string_view base64) {
+    if (base64.empty()) {
         return {};
     }
-    const auto size = static_cast<long>(text.size());
     std::string data;
-    if (!Allocate(&data, text.size())) {
+    if (!Allocate(&data, base64.size())) {
         return {};
     }
-    long capacity = size;
-    if (Base64Encoder().Decode(text.data(), size, data.data(), &capacity) == 0) {
+    auto size = static_cast<long>(base64.size());
+    if (Base64Encoder().Decode(base64.data(), size, data.data(), &size) == 0) {
         return {};
     }
-    // The buffer counts as a zero-terminated string: the length produced is not what ends it.
-    data.resize(std::min(data.find('\0'), data.size()));
+    CutAtZero(&data);  // the length produced is not what ends it
     return data;
 }
+
+std::wstring WidenBase64(std::string_view base64) {
+    constexpr std::size_t kTypicalSize = 256;  // few are longer
+    if (base64.empty() || base64.size() > kTypicalSize) {
+        return Widen(DecodeBase64(base64));
+    }
+    char bytes[kTypicalSize] = {};  // zeros: see DecodeBase64
+    const auto capacity = static_cast<long>(base64.size());
+    long size = capacity;
+    if (Base64Encoder().Decode(base64.data(), capacity, bytes, &size) == 0) {
+        return {};
+    }
+    return WidenUpToZero({bytes, static_cast<std::size_t>(std::clamp(size, 0L, capacity))});
+}
+
+}  // namespace quavera

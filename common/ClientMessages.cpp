@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Copies the fields one behind the other to `image`.
+/// Copies the fields, one after the other, to `image`.
 template <class... Field>
 void Pack(unsigned char* image, const Field&... fields) {
     ((std::memcpy(image, &fields, sizeof(fields)), image += sizeof(fields)), ...);
@@ -18,7 +18,7 @@ void Unpack(const unsigned char* image, Field&... fields) {
     ((std::memcpy(&fields, image, sizeof(fields)), image += sizeof(fields)), ...);
 }
 
-/// Writes the low bytes of `value`, most significant first, and returns the place behind them.
+/// Writes the low bytes of `value`, most significant first, and returns the place after them.
 unsigned char* WriteBigEndian(unsigned char* place, unsigned int value, int size) {
     for (int byte = size - 1; byte >= 0; --byte) {
         *place++ = static_cast<unsigned char>(value >> (8 * byte));

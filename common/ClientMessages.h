@@ -32,6 +32,7 @@ class QUAVERA_API QuavClientResponse {
 };
 
 /// Image: tag, value, param1; 10 bytes.
+/// "Plackback" is how the class is named: programs use it by this name.
 class QUAVERA_API StartPlackbackResponse : public QuavClientResponse {
  public:
     unsigned char* ToBuffer() override;
@@ -68,12 +69,12 @@ class QUAVERA_API GetAudioDataResponse : public QuavClientResponse {
 #pragma GCC diagnostic pop
 
 /// Writes `value` as four bytes, most significant first, at `buffer + offset`, where the caller has
-/// room for them. Returns the offset behind them.
+/// room for them. Returns the offset after them.
 QUAVERA_API unsigned int AddDWORDToBuffer(unsigned char* buffer, unsigned int offset,
                                           unsigned int value);
 
-/// Writes the length of `text` as two bytes, most significant first, and its bytes behind them,
-/// without terminator, at `buffer + offset`. Returns the offset behind them.
+/// Writes the length of `text` as two bytes, most significant first, and its bytes after them,
+/// without terminator, at `buffer + offset`. Returns the offset after them.
 ///
 /// The caller has room for all of the text and keeps it below 65536 bytes: of a longer one all
 /// bytes are written, but the length, and with it the result, are reduced modulo 65536.

@@ -13,12 +13,12 @@ struct soap;  // gSOAP's context
 
 /// Reads what `AddStringToBuffer` writes: a length of two bytes, most significant first, and as
 /// many bytes. The text is cut at its first zero byte. A read that delivers too little gives an
-/// empty string; of length zero, nothing is read behind it.
+/// empty string; of length zero, nothing more is read.
 QUAVERA_API std::string GetStringFromSocket(struct soap* context);
 
 /// Reads what `AddDWORDToBuffer` writes: four bytes, most significant first. A read that delivers
 /// any other number of bytes is reported through `zq::AssertWrite`; the result then is those bytes
-/// in the machine's order with zeros behind them, 0 if there are none.
+/// in the machine's order with zeros after them, 0 if there are none.
 QUAVERA_API unsigned int GetDWORDFromSocket(struct soap* context);
 
 /// Switches a descriptor's non-blocking mode on or off; its other flags stay. Returns 0, or -1 with

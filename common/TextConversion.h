@@ -61,7 +61,7 @@ QUAVERA_API std::wstring DecodeAndConvertFromUtf8(std::string text);
 QUAVERA_API std::string CharToHexString(char character);
 
 /// The character whose code the first one or two hexadecimal digits of `text` give, in either
-/// case, behind any white space: the way back from `CharToHexString`. What follows is ignored.
+/// case, after any white space: the way back from `CharToHexString`. What follows is ignored.
 /// Text without a digit there gives 0, and so does a signed one.
 QUAVERA_API char HexStringToChar(const std::string& text);
 

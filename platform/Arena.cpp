@@ -33,9 +33,9 @@ std::uint32_t HashName(std::string_view name) {
     }
     const std::size_t last = name.size() - kStep;
     for (std::size_t at = 0; at < last; at += kStep) {
-        hash = (hash ^ zq::LoadWord<std::uint32_t>(&name[at])) * kFactor;
+        hash = (hash ^ quavera::LoadWord<std::uint32_t>(&name[at])) * kFactor;
     }
-    return (hash ^ zq::LoadWord<std::uint32_t>(&name[last])) * kFactor;
+    return (hash ^ quavera::LoadWord<std::uint32_t>(&name[last])) * kFactor;
 }
 
 void CheckSize(std::size_t size) {
@@ -98,7 +98,7 @@ const Name* Arena::FindOrAddName(std::string_view name) {
         if (slot == nullptr) {
             found = slot = NewName(name, hash);
             ++nameCount_;
-        } else if (slot->hash == hash && zq::IsSameText(slot->View(), name)) {
+        } else if (slot->hash == hash && quavera::IsSameText(slot->View(), name)) {
             found = slot;
         }
     }
@@ -116,7 +116,7 @@ inline Name* Arena::NewName(std::string_view name, std::uint32_t hash) {
     void* const memory = Allocate(sizeof(Name) + name.size());
     Name* const stored =
         ::new (memory) Name{static_cast<std::uint32_t>(name.size()), hash, nullptr};
-    zq::CopyText(name, reinterpret_cast<char*>(stored + 1));
+    quavera::CopyText(name, reinterpret_cast<char*>(stored + 1));
     return stored;
 }
 
@@ -139,7 +139,7 @@ inline Name* Arena::NewName(std::string_view name, std::uint32_t hash) {
     }
 }
 
-/// A name for which there is no slot is kept for those who use it, but not found any more.
+/// A name for which there is no slot stays with those who use it, but is not found again.
 void Arena::PutInSlot(Name* name) {
     for (std::uint32_t probe = 0; probe < kProbes; ++probe) {
         Name*& slot = slots_[SlotOf(name->hash, probe)];

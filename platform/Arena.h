@@ -14,7 +14,7 @@ namespace ZQXML {
 struct Name {
     std::uint32_t size;
     std::uint32_t hash;
-    Name* successor;  // the name that was used behind it the last time; null at first
+    Name* successor;  // the name that was used after it the last time; null at first
 
     std::string_view View() const { return {reinterpret_cast<const char*>(this + 1), size}; }
 };
@@ -63,7 +63,7 @@ class Arena {
     /// A copy of `text`, which may hold any bytes.
     const char* StoreText(std::string_view text) {
         char* const place = AllocateText(text.size());
-        zq::CopyText(text, place);
+        quavera::CopyText(text, place);
         return place;
     }
     /// The arena's copy of `name`, shared with earlier uses of the same name where it is found.
@@ -75,7 +75,7 @@ class Arena {
     /// them, so that a comparison mostly saves it.
     const Name* ExpectedName(std::string_view name) {
         Name* const expected = latestName_ == nullptr ? nullptr : latestName_->successor;
-        if (expected == nullptr || !zq::IsSameText(expected->View(), name)) {
+        if (expected == nullptr || !quavera::IsSameText(expected->View(), name)) {
             return nullptr;
         }
         return latestName_ = expected;

@@ -27,8 +27,9 @@ class auto_com {
     }
 
     ~auto_com() {
-        if (T* const object = std::exchange(object_, nullptr)) {
-            object->Release();
+        if (object_ != nullptr) {
+            object_->Release();
+            object_ = nullptr;  // after it: an object that looks at its owner finds itself there
         }
     }
 

@@ -28,7 +28,7 @@ class ZQ_API Base64Encoder {
     ///
     /// ASCII white space is skipped anywhere; the unused bits of the last character are ignored.
     /// `*dataLength` is the capacity of `data` on entry and the number of bytes produced on return.
-    /// Returns nonzero on success; behind the bytes produced, zeros may be written up to the
+    /// Returns nonzero on success; after the bytes produced, zeros may be written up to the
     /// capacity. Returns 0, with `*dataLength` 0 and the contents of `data`
     /// undefined up to its capacity, for a character outside the alphabet, missing, misplaced or
     /// surplus padding, a negative length, or when the capacity is too small.

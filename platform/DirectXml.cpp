@@ -54,7 +54,7 @@ class DirectReader {
         return taken;
     }
 
-    /// An element whole, or up to its first child, from behind its "<".
+    /// An element whole, or up to its first child. Its "<" has been read.
     bool ReadElement() {
         if (rest_.empty() || !MayStand(rest_[0], kAtNameStart) || open_.size() == kMaxXmlDepth) {
             return false;
@@ -78,7 +78,7 @@ class DirectReader {
         return true;
     }
 
-    /// From behind its "</".
+    /// Its "</" has been read.
     bool ReadEndTag() {
         if (!Skip(open_.back().name) || !Skip(">")) {
             return false;
@@ -89,7 +89,7 @@ class DirectReader {
 
     Node* Add(std::string_view name, std::string_view text, bool isEncoded) {
         Node* const node = root_ ? open_.back().node->AddElement(name, text) : AddRoot(name, text);
-        node->SetEncoded(isEncoded);
+        node->MarkEncoded(isEncoded);
         return node;
     }
 
@@ -100,7 +100,7 @@ class DirectReader {
         return node;
     }
 
-    /// Character data behind an element: it stands in no tree.
+    /// Character data after an element: it stands in no tree.
     bool SkipText() {
         std::string_view text;
         return open_.empty() || ReadText(&text);

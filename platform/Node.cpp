@@ -59,7 +59,7 @@ inline ChildList* Node::Children() {
     return children_;
 }
 
-inline const Name* Node::StoredName(std::string_view name) {
+inline const Name* Node::InternedName(std::string_view name) {
     return name.empty() ? &kNoName : arena_->StoreName(name);
 }
 
@@ -68,11 +68,11 @@ inline Node* Node::AddLeaf(const Name* name, std::string_view text) {
     char* const place = arena_->AllocateText(text.size());
     Node* const child = ::new (arena_->Allocate(sizeof(Node))) Node(arena_, false);
     child->name_ = name;
-    child->text_ = place;
-    child->textSize_ = static_cast<std::uint32_t>(text.size());
+    child->content_ = place;
+    child->contentSize_ = static_cast<std::uint32_t>(text.size());
     child->parent_ = this;
     children_->Append(child);
-    zq::CopyText(text, place);
+    quavera::CopyText(text, place);
     return child;
 }
 
@@ -87,6 +87,33 @@ INode* ChildList::Next() {
     return current_;
 }
 
+inline unsigned int ChildList::ViewFrom(Node* child, NodeView* views, unsigned int room) {
+    const NodeView* const end = views + room;
+    NodeView* view = views;
+    current_ = nullptr;
+    for (; child != nullptr && view != end; child = child->next_) {
+        *view++ = child->Node::View();
+        current_ = child;
+    }
+    return static_cast<unsigned int>(view - views);
+}
+
+unsigned int ChildList::ViewFirst(NodeView* views, unsigned int room) {
+    return ViewFrom(first_, views, room);
+}
+
+unsigned int ChildList::ViewNext(NodeView* views, unsigned int room) {
+    return ViewFrom(current_ == nullptr ? nullptr : current_->next_, views, room);
+}
+
+std::size_t ChildList::CountHint() {
+    std::size_t count = 0;
+    for (const Node* child = first_; child != nullptr; child = child->next_) {
+        ++count;
+    }
+    return count;
+}
+
 zq::auto_com<INode> CreateXmlNode() {
     Arena* const arena = Arena::Create();
     // Cannot fail: an arena's first block has room for a node. The node takes over the first pin.
@@ -94,7 +121,7 @@ zq::auto_com<INode> CreateXmlNode() {
 }
 
 zq::auto_com<INode> Node::CreateNode(std::string_view name) {
-    const Name* const stored = StoredName(name);
+    const Name* const stored = InternedName(name);
     Node* const node = ::new (arena_->Allocate(sizeof(Node))) Node(arena_, true);
     node->name_ = stored;
     node->Children();  // it is about to get some, and `AddElement` is fastest with the list there
@@ -107,37 +134,20 @@ std::string Node::GetName() {
 }
 
 std::string Node::GetValue() {
-    return IsInBytes() ? zq::EncodeBase64(Stored()) : std::string(Stored());
+    return HoldsBytes() ? zq::EncodeBase64(Content()) : std::string(Content());
 }
 
 int Node::GetValueInt() {
-    return IsInBytes() ? ParseInt(GetValue()) : ParseInt(Stored());
+    return HoldsBytes() ? ParseInt(GetValue()) : ParseInt(Content());
 }
 
 std::string Node::GetValueDecoded() {
-    return IsEncoded() && !IsInBytes() ? DecodeBase64(Stored()) : std::string(Stored());
+    return Form() == TextForm::kBase64 ? DecodeBase64(Content()) : std::string(Content());
 }
 
-NodeView Node::View(NodeCopies& copies) {
-    NodeView view = Look();
-    if (view.isInBytes) {
-        copies.text.resize(zq::Base64Size(textSize_));
-        zq::WriteBase64(Stored(), copies.text.data());
-        view.textData = copies.text.data();
-        view.textSize = copies.text.size();
-        view.isInBytes = false;
-    }
-    return view;
-}
-
-unsigned int Node::ViewChildren(INode* last, NodeView* views, unsigned int room,
-                                NodeCopies& /*copies*/) {
-    Node* child = last == nullptr ? FirstChild() : static_cast<Node*>(last)->next_;
-    unsigned int count = 0;
-    for (; child != nullptr && count < room; child = child->next_) {
-        views[count++] = child->Look();
-    }
-    return count;
+NodeView Node::View() {
+    const std::string_view name = NameText();
+    return {this, name.data(), name.size(), content_, contentSize_, Form()};
 }
 
 INode* Node::FindChild(const std::string& name) {
@@ -154,11 +164,11 @@ INodeList* Node::GetChildren() {
 
 void Node::Initialize(const std::string& name, const std::string& text) {
     SetNameAndText(name, text);
-    SetEncoded(false);
+    MarkEncoded(false);
 }
 
 void Node::AddChild(const std::string& name, const char* text) {
-    AddElement(name, text == nullptr ? std::string_view() : std::string_view(text));
+    Node::AddCString(name, text);
 }
 
 void Node::AddChild(const std::string& name, const std::string& text) {
@@ -166,19 +176,19 @@ void Node::AddChild(const std::string& name, const std::string& text) {
 }
 
 void Node::AddChild(const std::string& name, int value) {
-    AddNumber(name, value);
+    Node::AddNumber(name, value);
 }
 
 void Node::AddChild(const std::string& name, unsigned long value) {
-    AddElement(name, zq::Decimal(static_cast<std::uint32_t>(value)).View());
+    Node::AddUnsigned(name, value);
 }
 
 void Node::AddChild(const std::string& name, bool value) {
-    AddElement(name, value ? std::string_view(TRUE_STRING) : "false");
+    Node::AddFlag(name, value);
 }
 
 void Node::AddChildEncoded(const std::string& name, const std::string& text) {
-    AddElement(name, text)->SetEncoded(true);
+    AddElement(name, text)->MarkEncoded(true);
 }
 
 void Node::AppendChild(INode* child) {
@@ -196,6 +206,10 @@ void Node::AppendChild(INode* child) {
     }
 }
 
+void Node::AddCString(std::string_view name, const char* text) {
+    AddElement(name, text == nullptr ? std::string_view() : std::string_view(text));
+}
+
 void Node::AddText(std::string_view name, std::string_view text) {
     AddElement(name, text);
 }
@@ -204,9 +218,17 @@ void Node::AddNumber(std::string_view name, int value) {
     AddElement(name, zq::Decimal(value).View());
 }
 
+void Node::AddUnsigned(std::string_view name, unsigned long value) {
+    AddElement(name, zq::Decimal(static_cast<std::uint32_t>(value)).View());
+}
+
+void Node::AddFlag(std::string_view name, bool value) {
+    AddElement(name, value ? std::string_view(TRUE_STRING) : "false");
+}
+
 /// Most readers are after the bytes, so they are what is kept; the text is made for those who ask.
 void Node::AddEncoded(std::string_view name, std::string_view bytes) {
-    AddElement(name, bytes)->SetMarks(kEncoded | kInBytes);
+    AddElement(name, bytes)->SetForm(TextForm::kBytes);
 }
 
 Node* Node::AddElement(std::string_view name, std::string_view text) {
@@ -214,34 +236,35 @@ Node* Node::AddElement(std::string_view name, std::string_view text) {
     // the name is the expected one.
     if (children_ != nullptr && arena_->HasRoom(sizeof(Node), text.size())) {
         const Name* const expected = arena_->ExpectedName(name);
-        return expected != nullptr ? AddLeaf(expected, text) : AddUnexpected(name, text);
+        return expected != nullptr ? AddLeaf(expected, text) : AddElementOfOtherName(name, text);
     }
-    return AddUnready(name, text);
+    return AddElementWithPreparation(name, text);
 }
 
-[[gnu::noinline]] Node* Node::AddUnexpected(std::string_view name, std::string_view text) {
+[[gnu::noinline]] Node* Node::AddElementOfOtherName(std::string_view name, std::string_view text) {
     return AddLeaf(name.empty() ? &kNoName : arena_->FindOrAddName(name), text);
 }
 
-[[gnu::noinline]] Node* Node::AddUnready(std::string_view name, std::string_view text) {
-    const Name* const stored = StoredName(name);
+[[gnu::noinline]] Node* Node::AddElementWithPreparation(std::string_view name,
+                                                        std::string_view text) {
+    const Name* const stored = InternedName(name);
     Children();
     return AddLeaf(stored, text);
 }
 
 void Node::SetNameAndText(std::string_view name, std::string_view text) {
-    const Name* const stored = StoredName(name);
+    const Name* const stored = InternedName(name);
     SetText(text);
     name_ = stored;  // last: a failed allocation changes nothing
 }
 
 void Node::SetText(std::string_view text) {
-    text_ = arena_->StoreText(text);
-    SetMarks(state_ & kEncoded);
-    textSize_ = static_cast<std::uint32_t>(text.size());
+    content_ = arena_->StoreText(text);
+    contentSize_ = static_cast<std::uint32_t>(text.size());
+    MarkEncoded(IsEncoded());
 }
 
-/// The element behind this one in document order within the subtree of `root`.
+/// The element after this one in document order within the subtree of `root`.
 Node* Node::NextInSubtree(const Node* root) const {
     if (Node* const child = FirstChild()) {
         return child;
@@ -282,23 +305,21 @@ void Node::Attach(Node* child) {
 }
 
 void Node::CopyContents(INode* foreign) {
-    NodeCopies copies;
-    const NodeView view = foreign->View(copies);
-    SetNameAndText(view.Name(), view.Text());
-    SetEncoded(foreign->IsEncoded());
+    SetNameAndText(foreign->GetName(), foreign->GetValue());
+    MarkEncoded(foreign->IsEncoded());
 }
 
 void Node::AttachCopy(INode* foreign) {
     struct Level {
         INodeList* originals;
-        INode* original;
         Node* parent;
+        bool isBegun;
     };
     std::vector<Level> levels;
     const auto descend = [&levels](INode* original, Node* copy) {
         copy->CopyContents(original);
-        if (INodeList* const originals = original->GetChildren()) {
-            levels.push_back({originals, originals->First(), copy});
+        if (INodeList* const originals = original->GetChildrenIfAny()) {
+            levels.push_back({originals, copy, false});
         }
     };
 
@@ -306,13 +327,14 @@ void Node::AttachCopy(INode* foreign) {
     const zq::auto_com<INode> root = CreateNode({});
     descend(foreign, static_cast<Node*>(root.get()));
     while (!levels.empty()) {
-        INode* const original = levels.back().original;
+        Level& level = levels.back();
+        INode* const original = level.isBegun ? level.originals->Next() : level.originals->First();
+        level.isBegun = true;
         if (original == nullptr) {
             levels.pop_back();
-            continue;
+        } else {
+            descend(original, level.parent->AddElement({}, {}));
         }
-        levels.back().original = levels.back().originals->Next();
-        descend(original, levels.back().parent->AddElement({}, {}));
     }
     Attach(static_cast<Node*>(root.get()));
 }

@@ -18,15 +18,20 @@ class ChildList final : public INodeList {
  public:
     INode* First() override;
     INode* Next() override;
+    unsigned int ViewFirst(NodeView* views, unsigned int room) override;
+    unsigned int ViewNext(NodeView* views, unsigned int room) override;
+    std::size_t CountHint() override;
 
  private:
     friend class Node;
+
+    unsigned int ViewFrom(Node* child, NodeView* views, unsigned int room);
 
     void Append(Node* child);
 
     Node* first_ = nullptr;
     Node* last_ = nullptr;
-    Node* current_ = nullptr;  // the walk's position; null ahead of First and behind the end
+    Node* current_ = nullptr;  // the walk's position; null ahead of First and at the end
 };
 
 /// Our element. Elements that are added to a created node lie in its arena; a node appended to
@@ -56,13 +61,14 @@ class Node final : public INode {
     void Release() override;
 
     void AddRef() override;
-    bool IsEncoded() override { return (state_ & kEncoded) != 0; }
-    bool HasChildren() override { return FirstChild() != nullptr; }
-    NodeView View(NodeCopies& copies) override;
-    unsigned int ViewChildren(INode* last, NodeView* views, unsigned int room,
-                              NodeCopies& copies) override;
+    bool IsEncoded() override { return Form() != TextForm::kPlain; }
+    INodeList* GetChildrenIfAny() override { return FirstChild() == nullptr ? nullptr : children_; }
+    NodeView View() override;
+    void AddCString(std::string_view name, const char* text) override;
     void AddText(std::string_view name, std::string_view text) override;
     void AddNumber(std::string_view name, int value) override;
+    void AddUnsigned(std::string_view name, unsigned long value) override;
+    void AddFlag(std::string_view name, bool value) override;
     void AddEncoded(std::string_view name, std::string_view bytes) override;
     zq::auto_com<INode> CreateNode(std::string_view name) override;
 
@@ -70,30 +76,29 @@ class Node final : public INode {
     Node* AddElement(std::string_view name, std::string_view text);
     void SetNameAndText(std::string_view name, std::string_view text);
     void SetText(std::string_view text);
-    void SetEncoded(bool encoded) { SetMarks(encoded ? kEncoded : 0); }
+    /// Says what the text is: plain, or base64.
+    void MarkEncoded(bool isEncoded) { SetForm(isEncoded ? TextForm::kBase64 : TextForm::kPlain); }
 
  private:
     friend class ChildList;
 
-    // In one word, as nodes are what a tree's memory goes to.
-    static constexpr std::uint32_t kEncoded = 1;
-    static constexpr std::uint32_t kInBytes = 2;    // encoded, but kept as the bytes it stands for
+    // The text's form and the references share a word, as nodes are what a tree's memory goes to.
+    static constexpr std::uint32_t kFormMask = 3;
     static constexpr std::uint32_t kReference = 4;  // held by a caller; the tree's own is parent_
 
     bool IsReferenced() const { return state_ >= kReference; }
     std::string_view NameText() const { return name_->View(); }
-    bool IsInBytes() const { return (state_ & kInBytes) != 0; }
-    void SetMarks(std::uint32_t marks) { state_ = (state_ & ~(kEncoded | kInBytes)) | marks; }
-    /// The text, or the bytes that it stands for.
-    std::string_view Stored() const { return {text_, textSize_}; }
-    NodeView Look() {
-        const std::string_view name = NameText();
-        return {this, name.data(), name.size(), text_, textSize_, IsInBytes()};
+    TextForm Form() const { return static_cast<TextForm>(state_ & kFormMask); }
+    void SetForm(TextForm form) {
+        state_ = (state_ & ~kFormMask) | static_cast<std::uint32_t>(form);
     }
+    bool HoldsBytes() const { return Form() == TextForm::kBytes; }
+    /// What is kept of the text: itself, or the bytes that it stands for.
+    std::string_view Content() const { return {content_, contentSize_}; }
     Node* AddLeaf(const Name* name, std::string_view text);
-    Node* AddUnexpected(std::string_view name, std::string_view text);
-    Node* AddUnready(std::string_view name, std::string_view text);
-    const Name* StoredName(std::string_view name);
+    Node* AddElementOfOtherName(std::string_view name, std::string_view text);
+    Node* AddElementWithPreparation(std::string_view name, std::string_view text);
+    const Name* InternedName(std::string_view name);
     ChildList* Children();
     Node* FirstChild() const { return children_ == nullptr ? nullptr : children_->first_; }
     Node* NextInSubtree(const Node* root) const;
@@ -109,9 +114,9 @@ class Node final : public INode {
     Node* next_ = nullptr;  // the next sibling; in a tree that is being destroyed, the next to go
     ChildList* children_ = nullptr;
     const Name* name_ = &kNoName;
-    const char* text_ = nullptr;
-    std::uint32_t textSize_ = 0;
-    std::uint32_t state_;  // marks, and kReference times the number of references
+    const char* content_ = nullptr;
+    std::uint32_t contentSize_ = 0;
+    std::uint32_t state_;  // the form, and kReference times the number of references
 };
 
 }  // namespace ZQXML

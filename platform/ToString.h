@@ -12,7 +12,7 @@ namespace zq {
 
 /// "true" or "false".
 ZQ_API std::string ToString(bool value);
-/// Decimal digits, behind a "-" for negative numbers.
+/// Decimal digits, after a "-" for negative numbers.
 ZQ_API std::string ToString(int value);
 /// Decimal digits.
 ZQ_API std::string ToString(unsigned int value);

@@ -116,39 +116,61 @@ constexpr bool IsIn(char32_t code, char32_t first, char32_t last) {
     return code >= first && code <= last;
 }
 
+constexpr bool IsPlainAscii(char32_t code) {
+    for (const XmlReference& reference : kXmlReferences) {
+        if (code == static_cast<unsigned char>(reference.character)) {
+            return false;
+        }
+    }
+    return IsIn(code, ' ', 0x7F) || code == '\t' || code == '\n';
+}
+
 constexpr std::array<std::uint8_t, 256> MakeCharacterUses() {
     std::array<std::uint8_t, 256> uses{};
     for (char32_t code = 0; code < 0x80; ++code) {
         const bool isLetter =
             IsIn(code, 'A', 'Z') || IsIn(code, 'a', 'z') || code == '_' || code == ':';
         const bool isNameCharacter = isLetter || IsIn(code, '0', '9') || code == '-' || code == '.';
-        const bool isText = (code >= 0x20 && code != '&' && code != '<' && code != '>') ||
-                            code == '\t' || code == '\n';
-        uses[code] =
-            static_cast<std::uint8_t>((isText ? kInText : 0) | (isNameCharacter ? kInName : 0) |
-                                      (isLetter ? kAtNameStart : 0));
+        uses[code] = static_cast<std::uint8_t>((IsPlainAscii(code) ? kInText : 0) |
+                                               (isNameCharacter ? kInName : 0) |
+                                               (isLetter ? kAtNameStart : 0));
     }
     return uses;
 }
 
+constexpr std::uint64_t kOnes = 0x0101010101010101;
+
 /// Whether eight bytes are ASCII characters of plain text from the blank on. In each sum, the high
 /// bit of a byte shows that it is none, as long as that of no lower byte does.
-bool AreEightPlain(const char* text) {
-    constexpr std::uint64_t kOnes = 0x0101010101010101;
-    static_assert(('<' | 2) == '>' && ('>' | 2) == '>', "and of no other character");
-    const auto bytes = zq::LoadWord<std::uint64_t>(text);
+constexpr bool AreEightPlain(std::uint64_t bytes) {
     const std::uint64_t below = bytes - kOnes * ' ';
     const std::uint64_t ampersand = (bytes ^ (kOnes * '&')) - kOnes;
-    const std::uint64_t bracket = ((bytes | (kOnes * 2)) ^ (kOnes * '>')) - kOnes;
+    const std::uint64_t bracket = ((bytes | (kOnes * 2)) ^ (kOnes * '>')) - kOnes;  // "<" or ">"
     return ((bytes | below | ampersand | bracket) & (kOnes * 0x80)) == 0;
 }
+
+/// That agrees with the table for every byte, at both ends of the eight.
+constexpr bool EightAgreeWithOne() {
+    for (std::uint64_t code = 0; code < 256; ++code) {
+        const bool isPlain = code >= ' ' && IsPlainAscii(static_cast<char32_t>(code));
+        const std::uint64_t blanks = kOnes * ' ';
+        if (AreEightPlain(blanks ^ ' ' ^ code) != isPlain ||
+            AreEightPlain(blanks ^ (' ' ^ code) << 56) != isPlain) {
+            return false;
+        }
+    }
+    return true;
+}
+
+static_assert(EightAgreeWithOne(), "eight characters are looked at by the same rule as one");
 
 /// The number of ASCII characters of plain text that `text` begins with.
 std::size_t CountPlainAscii(std::string_view text) {
     constexpr std::size_t kStep = 8;
     std::size_t count = 0;
     for (;;) {
-        while (text.size() - count >= kStep && AreEightPlain(&text[count])) {
+        while (text.size() - count >= kStep &&
+               AreEightPlain(quavera::LoadWord<std::uint64_t>(&text[count]))) {
             count += kStep;
         }
         const std::size_t end = std::min(count + kStep, text.size());
@@ -166,7 +188,7 @@ std::size_t CountPlainAscii(std::string_view text) {
 std::size_t CountBeyondAscii(std::string_view text) {
     const std::size_t size = text.size();
     while (!text.empty() && static_cast<unsigned char>(text[0]) >= 0x80) {
-        const zq::Utf8Character character = zq::FirstCharacter(text);
+        const quavera::Utf8Character character = quavera::FirstCharacter(text);
         if (character.size == 0 || character.code == 0xFFFE || character.code == 0xFFFF) {
             break;
         }

@@ -14,6 +14,7 @@ inline constexpr std::string_view kXmlWhiteSpace = " \t\n\r";
 inline constexpr std::string_view kXmlEncodedMark = R"( encoding="base64")";
 
 /// A character that is written as a reference, as it cannot stand in an element's text as it is.
+/// What may stand there as it is follows from this table everywhere.
 struct XmlReference {
     char character;
     std::string_view text;
@@ -26,9 +27,9 @@ inline constexpr XmlReference kXmlReferences[] = {
     {'\r', "&#13;"},  // a reader turns a bare one into a line feed
 };
 
-/// Whether an XML name may begin with the character, or hold it behind its beginning. The letters
-/// are those of Appendix B of XML 1.0 up to its fourth edition, the ones that expat knows; later
-/// editions allow more.
+/// Whether an XML name may begin with the character, or hold it after its first character. The
+/// letters are those of Appendix B of XML 1.0 up to its fourth edition, the ones that expat knows;
+/// later editions allow more.
 bool IsNameStart(char32_t code);
 bool IsNameCharacter(char32_t code);
 

@@ -6,6 +6,36 @@
 // tries them first at every call, though hardly any node has them.
 
 namespace ZQXML {
+namespace {
+
+NodeView Unseen(INode* node) {
+    NodeView view{};
+    view.node = node;
+    view.form = TextForm::kUnseen;
+    return view;
+}
+
+unsigned int ViewOne(INode* child, NodeView* views) {
+    if (child == nullptr) {
+        return 0;
+    }
+    *views = Unseen(child);
+    return 1;
+}
+
+}  // namespace
+
+unsigned int INodeList::ViewFirst(NodeView* views, unsigned int /*room*/) {
+    return ViewOne(First(), views);
+}
+
+unsigned int INodeList::ViewNext(NodeView* views, unsigned int /*room*/) {
+    return ViewOne(Next(), views);
+}
+
+std::size_t INodeList::CountHint() {
+    return 0;
+}
 
 void INode::AddRef() {}
 
@@ -13,30 +43,16 @@ bool INode::IsEncoded() {
     return false;
 }
 
-bool INode::HasChildren() {
-    INodeList* const children = GetChildren();
-    return children != nullptr && children->First() != nullptr;
+INodeList* INode::GetChildrenIfAny() {
+    return GetChildren();
 }
 
-NodeView INode::View(NodeCopies& copies) {
-    copies.name = GetName();
-    copies.text = GetValue();
-    return {this, copies.name.data(), copies.name.size(), copies.text.data(), copies.text.size(),
-            false};
+NodeView INode::View() {
+    return Unseen(this);
 }
 
-unsigned int INode::ViewChildren(INode* last, NodeView* views, unsigned int /*room*/,
-                                 NodeCopies& copies) {
-    INodeList* const children = GetChildren();
-    if (children == nullptr) {
-        return 0;
-    }
-    INode* const child = last == nullptr ? children->First() : children->Next();
-    if (child == nullptr) {
-        return 0;
-    }
-    *views = child->View(copies);
-    return 1;
+void INode::AddCString(std::string_view name, const char* text) {
+    AddChild(std::string(name), text);
 }
 
 void INode::AddText(std::string_view name, std::string_view text) {
@@ -44,6 +60,14 @@ void INode::AddText(std::string_view name, std::string_view text) {
 }
 
 void INode::AddNumber(std::string_view name, int value) {
+    AddChild(std::string(name), value);
+}
+
+void INode::AddUnsigned(std::string_view name, unsigned long value) {
+    AddChild(std::string(name), value);
+}
+
+void INode::AddFlag(std::string_view name, bool value) {
     AddChild(std::string(name), value);
 }
 

@@ -22,23 +22,15 @@ class INode;
 /// A new node without name, text or children; the result holds its only reference.
 ZQ_API zq::auto_com<INode> CreateXmlNode();
 
-/// The direct children of a node in document order, owned by that node.
-/// A list has one position, so one walk at a time; it follows children added on the way.
-class ZQ_API INodeList {
- public:
-    /// The first child, or null when there is none. Borrowed. Starts a walk.
-    virtual INode* First() = 0;
-    /// The child behind the one returned last, or null at the end. Borrowed.
-    virtual INode* Next() = 0;
-
- protected:
-    INodeList() = default;
-    INodeList(const INodeList&) = default;
-    INodeList& operator=(const INodeList&) = default;
-    virtual ~INodeList() = default;
+/// What the text of an element is, as a `NodeView` shows it.
+enum class TextForm : unsigned int {
+    kPlain,   // a text without the mark of encoded text
+    kBase64,  // an encoded text, as it is
+    kBytes,   // the bytes that an encoded text stands for, in its place
+    kUnseen,  // neither name nor text are shown: ask the node for what is needed
 };
 
-/// What is seen of a node without a copy, as long as neither it nor what it was copied to changes.
+/// What is seen of a node without a copy, as long as neither it nor its tree changes.
 /// An array of these takes no initialisation.
 struct NodeView {
     std::string_view Name() const { return {nameData, nameSize}; }
@@ -49,20 +41,40 @@ struct NodeView {
     std::size_t nameSize;
     const char* textData;
     std::size_t textSize;
-    // The text is that of an encoded element, and what is seen of it are the bytes that it stands
-    // for.
-    bool isInBytes;
+    TextForm form;
 };
 
-/// Where a node's name and text are copied to when they cannot be seen in place.
-struct NodeCopies {
-    std::string name;
-    std::string text;
+/// The direct children of a node in document order, owned by that node.
+/// A list has one position, so one walk at a time; it follows children added on the way.
+///
+/// `First` and `Next` make a complete list. The operations after them have a body in terms of those
+/// two; an implementation overrides them to save work.
+class ZQ_API INodeList {
+ public:
+    /// The first child, or null when there is none. Borrowed. Starts a walk.
+    virtual INode* First() = 0;
+    /// The child after the one returned last, or null at the end. Borrowed.
+    virtual INode* Next() = 0;
+
+    /// `First` and `Next` for several children at once: shows the next ones of the walk, at least
+    /// one as long as there is any, at most `room`, and returns their number. A child that is
+    /// `kUnseen` is shown alone. The default bodies show one, unseen.
+    virtual unsigned int ViewFirst(NodeView* views, unsigned int room);
+    virtual unsigned int ViewNext(NodeView* views, unsigned int room);
+    /// About how many children there are, for making room; 0, as from the default body, where
+    /// telling would disturb the walk.
+    virtual std::size_t CountHint();
+
+ protected:
+    INodeList() = default;
+    INodeList(const INodeList&) = default;
+    INodeList& operator=(const INodeList&) = default;
+    virtual ~INodeList() = default;
 };
 
 /// One element of a tree.
 ///
-/// The first 15 operations make a complete node, in this order. The ones behind them have a body
+/// The first 15 operations make a complete node, in this order. The ones after them have a body
 /// in terms of those 15, so a class that implements the 15 can be handed to anyone; an
 /// implementation overrides them to save work, or to offer what the 15 cannot express.
 ///
@@ -115,25 +127,21 @@ class ZQ_API INode {
     virtual void AddRef();
     /// Whether the element is marked as holding base64 text. The default body knows no marks.
     virtual bool IsEncoded();
-    /// Whether there is any child. The default body starts a walk of the list.
-    virtual bool HasChildren();
-    /// `GetName` and `GetValue` without copies where that can be had: the view is valid until the
-    /// node changes or goes, or `copies`, which the default body copies both to, changes. It is
-    /// never one of bytes.
-    virtual NodeView View(NodeCopies& copies);
-    /// A part of a walk over the children: up to `room` (at least one) of those behind `last`, or
-    /// from the first one on where that is null, as `View` shows them, except that encoded elements
-    /// may be seen in bytes. Returns their number, 0 at the end. `last` is the last child of the
-    /// walk's part before. The default body walks the list, child by child. One that shows more
-    /// than one child at a time has to show all that are left as long as there is room, as callers
-    /// take two or more that leave room for the last ones.
-    virtual unsigned int ViewChildren(INode* last, NodeView* views, unsigned int room,
-                                      NodeCopies& copies);
-    /// `AddChild` of a text, zero bytes included, with views in place of strings.
+    /// `GetChildren`, or null where there are no children: our nodes make no list for that. The
+    /// default body is `GetChildren`.
+    virtual INodeList* GetChildrenIfAny();
+    /// Name and text without copies. The default body shows neither.
+    virtual NodeView View();
+
+    /// The operations that add a child, with views in place of strings, which saves making them.
+    /// Each default body calls the operation of the 15 that the child's form names: the C-string
+    /// form, the string form, the int, the unsigned and the bool form, and `AddChildEncoded` of the
+    /// base64 form of `bytes`.
+    virtual void AddCString(std::string_view name, const char* text);
     virtual void AddText(std::string_view name, std::string_view text);
-    /// `AddChild` of a number likewise.
     virtual void AddNumber(std::string_view name, int value);
-    /// Adds a last child whose text is the base64 form of `bytes`, and marks it as encoded.
+    virtual void AddUnsigned(std::string_view name, unsigned long value);
+    virtual void AddFlag(std::string_view name, bool value);
     virtual void AddEncoded(std::string_view name, std::string_view bytes);
     /// A new node of that name, without text, that is meant to become part of this node's tree and
     /// may share memory with it. Like the result of `CreateXmlNode`, it is still to be appended.

@@ -125,7 +125,7 @@ class Reader {
             FinishText(true);
             open_.push_back(open_.back()->AddElement(name, {}));
         }
-        open_.back()->SetEncoded(HasMark(attributes));
+        open_.back()->MarkEncoded(HasMark(attributes));
         takesText_ = true;
         text_.clear();
     }

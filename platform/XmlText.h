@@ -37,7 +37,7 @@ ZQ_API std::string WriteXml(INode* node, bool indent = false);
 ///
 /// Accepted is well-formed XML 1.0 in UTF-8, up to `kMaxXmlSize` bytes and `kMaxXmlDepth` levels,
 /// without a document type declaration. An element's text is its character data ahead of its first
-/// child. White space alone there, and all character data behind a child, is dropped; so are
+/// child. White space alone there, and all character data after a child, is dropped; so are
 /// comments, processing instructions and all attributes but the mark. Names are those of XML 1.0 up
 /// to its fourth edition. Lines and columns count from 1, columns in characters.
 ///

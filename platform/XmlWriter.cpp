@@ -5,6 +5,7 @@
 
 #include "base/TextBuffer.h"
 #include "base/Utf8.h"
+#include "platform/Base64Codec.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlText.h"
 
@@ -23,7 +24,7 @@ std::string_view Escape(char32_t code) {
     return kReplacement;
 }
 
-void AppendText(std::string_view text, zq::TextBuffer& out) {
+void AppendText(std::string_view text, quavera::TextBuffer& out) {
     for (;;) {
         const std::size_t plainSize = CountPlainText(text);
         out.Append(text.substr(0, plainSize));
@@ -31,30 +32,30 @@ void AppendText(std::string_view text, zq::TextBuffer& out) {
         if (text.empty()) {
             return;
         }
-        const zq::Utf8Character character = zq::FirstCharacter(text);
+        const quavera::Utf8Character character = quavera::FirstCharacter(text);
         out.Append(character.size == 0 ? kReplacement : Escape(character.code));
         text.remove_prefix(character.size == 0 ? 1 : character.size);
     }
 }
 
-bool FitsName(const zq::Utf8Character& character, bool isFirst) {
+bool FitsName(const quavera::Utf8Character& character, bool isFirst) {
     return character.size > 0 &&
            (isFirst ? IsNameStart(character.code) : IsNameCharacter(character.code));
 }
 
-void AppendUnusualName(std::string_view name, zq::TextBuffer& out) {
+void AppendUnusualName(std::string_view name, quavera::TextBuffer& out) {
     if (name.empty()) {
         out.Append("_");
     }
     for (bool isFirst = true; !name.empty(); isFirst = false) {
-        const zq::Utf8Character character = zq::FirstCharacter(name);
+        const quavera::Utf8Character character = quavera::FirstCharacter(name);
         const std::size_t size = character.size == 0 ? 1 : character.size;
         out.Append(FitsName(character, isFirst) ? name.substr(0, size) : "_");
         name.remove_prefix(size);
     }
 }
 
-void AppendName(std::string_view name, zq::TextBuffer& out) {
+void AppendName(std::string_view name, quavera::TextBuffer& out) {
     if (!name.empty() && MayStand(name[0], kAtNameStart) &&
         CountNameCharacters(name) == name.size()) {
         out.Append(name);
@@ -68,15 +69,14 @@ class Writer {
     explicit Writer(bool indent) : indent_(indent) {}
 
     std::string Write(INode* root) {
-        Begin(root);
+        Begin(root->View());
         while (!open_.empty()) {
             Element& element = open_.back();
-            if (INode* const child = element.nextChild) {
-                element.nextChild = element.children->Next();
+            if (INode* const child = element.NextChild()) {
                 if (!std::exchange(element.sharesLine, false)) {
                     StartLine(open_.size());
                 }
-                Begin(child);
+                Begin(child->View());
             } else {
                 End();
             }
@@ -87,11 +87,15 @@ class Writer {
  private:
     /// An element whose end tag is still to come.
     struct Element {
+        INode* NextChild() {
+            return firstChild == nullptr ? children->Next() : std::exchange(firstChild, nullptr);
+        }
+
         std::size_t nameAt;  // where its start tag has its name
         std::size_t nameSize;
         INodeList* children;
-        INode* nextChild;
-        bool sharesLine;  // the next child has to follow the text at once, or it would change it
+        INode* firstChild;  // still to come
+        bool sharesLine;    // the next child has to follow the text at once, or it would change it
     };
 
     void StartLine(std::size_t depth) {
@@ -103,30 +107,50 @@ class Writer {
         }
     }
 
+    std::string_view NameOf(const NodeView& view) {
+        return view.form == TextForm::kUnseen ? name_ = view.node->GetName() : view.Name();
+    }
+
+    std::string_view TextOf(const NodeView& view) {
+        if (view.form == TextForm::kUnseen) {
+            return text_ = view.node->GetValue();
+        }
+        if (view.form == TextForm::kBytes) {
+            text_.resize(zq::Base64Size(view.textSize));
+            zq::WriteBase64(view.Text(), text_.data());
+            return text_;
+        }
+        return view.Text();
+    }
+
+    static bool IsEncoded(const NodeView& view) {
+        return view.form == TextForm::kUnseen ? view.node->IsEncoded()
+                                              : view.form != TextForm::kPlain;
+    }
+
     /// Writes an element whole, or up to its first child.
-    void Begin(INode* node) {
+    void Begin(const NodeView& view) {
         out_.Append("<");
         const std::size_t nameAt = out_.Size();
-        const NodeView view = node->View(copies_);
-        AppendName(view.Name(), out_);
+        AppendName(NameOf(view), out_);
         const std::size_t nameSize = out_.Size() - nameAt;
-        if (node->IsEncoded()) {
+        if (IsEncoded(view)) {
             out_.Append(kXmlEncodedMark);
         }
-        const std::string_view text = view.Text();
-        const bool hasChildren = node->HasChildren();
-        if (text.empty() && !hasChildren) {
+        const std::string_view text = TextOf(view);
+        INodeList* const children = view.node->GetChildrenIfAny();
+        INode* const firstChild = children == nullptr ? nullptr : children->First();
+        if (text.empty() && firstChild == nullptr) {
             out_.Append("/>");
             return;
         }
         out_.Append(">");
         AppendText(text, out_);
-        if (hasChildren) {
-            INodeList* const children = node->GetChildren();
-            const bool hasText = text.find_first_not_of(kXmlWhiteSpace) != std::string_view::npos;
-            open_.push_back({nameAt, nameSize, children, children->First(), hasText});
-        } else {
+        if (firstChild == nullptr) {
             AppendEndTag(nameAt, nameSize);
+        } else {
+            const bool hasText = text.find_first_not_of(kXmlWhiteSpace) != std::string_view::npos;
+            open_.push_back({nameAt, nameSize, children, firstChild, hasText});
         }
     }
 
@@ -145,8 +169,9 @@ class Writer {
     }
 
     bool indent_;
-    zq::TextBuffer out_;
-    NodeCopies copies_;
+    quavera::TextBuffer out_;
+    std::string name_;  // of the latest element, where they are not seen in place
+    std::string text_;
     std::vector<Element> open_;
 };
 

@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataAccountProperties::DataAccountProperties() = default;
-DataAccountProperties::~DataAccountProperties() = default;
 
 void DataAccountProperties::ToXML(ZQXML::INode* node, Quavera::Quavera2__AccountMetaData* soap) {
     const auto trialTimeLeft = static_cast<std::uint32_t>(soap->freeTrialTimeLeftInMillis);
@@ -25,7 +24,7 @@ void DataAccountProperties::ToXML(ZQXML::INode* node, Quavera::Quavera2__Account
 }
 
 zq::auto_com<ZQXML::INode> DataAccountProperties::ToXML(Quavera::Quavera2__AccountMetaData* soap) {
-    return ElementWriter::Filled<DataAccountProperties>("AccountProperties", soap);
+    return NewElementWith<DataAccountProperties>("AccountProperties", soap);
 }
 
 void DataAccountProperties::FromXML(ZQXML::INode* node) {

@@ -21,10 +21,10 @@ class Quavera2__AccountMetaData;
 class QUAVERA_API DataAccountProperties : public QuavData {
  public:
     DataAccountProperties();
-    DataAccountProperties(const DataAccountProperties&) = default;
-    DataAccountProperties(DataAccountProperties&&) = default;
-    DataAccountProperties& operator=(const DataAccountProperties&) = default;
-    DataAccountProperties& operator=(DataAccountProperties&&) = default;
+    DataAccountProperties(const DataAccountProperties&);
+    DataAccountProperties(DataAccountProperties&&) noexcept;
+    DataAccountProperties& operator=(const DataAccountProperties&);
+    DataAccountProperties& operator=(DataAccountProperties&&) noexcept;
     ~DataAccountProperties() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__AccountMetaData* soap);

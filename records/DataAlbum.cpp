@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataAlbum::DataAlbum() = default;
-DataAlbum::~DataAlbum() = default;
 
 zq::auto_com<ZQXML::INode> DataAlbum::ToXML(Quavera::Quavera2__AlbumMetadata* soap) {
     auto node = DataAlbumLite::ToXML(soap);
@@ -14,7 +13,7 @@ zq::auto_com<ZQXML::INode> DataAlbum::ToXML(Quavera::Quavera2__AlbumMetadata* so
     out.Plain("Label", soap->label);
     out.Each("NonDisplayableAlbumTypes", soap->nonDisplayableAlbumTypes);
     out.Nested<DataArtistLite>("Artist", soap->primaryArtist);
-    out.Records<DataTrackInfo>("Tracks", "Track", soap->tracks);
+    out.Records<TrackElements>("Tracks", "Track", soap->tracks);
     out.Plain("Upccode", soap->upccode);
     return node;
 }
@@ -40,9 +39,9 @@ std::string DataAlbum::ToString() {
     lines.Plain("copyright", copyright);
     lines.Plain("label", label);
     lines.Unbroken("nonDisplayableAlbumTypes ", nonDisplayableAlbumTypes);
-    lines.Plain("primaryArtist", primaryArtist.ToString());
+    lines.Nested("primaryArtist", primaryArtist);
     lines.Records("Track ", tracks);
     lines.Plain("upccode", upccode);
-    DataAlbumLite::AddLines(lines);
+    lines.Of<DataAlbumLite>(*this);
     return lines.Take();
 }

@@ -21,10 +21,10 @@ class Quavera2__AlbumMetadata;
 class QUAVERA_API DataAlbum : public DataAlbumLite {
  public:
     DataAlbum();
-    DataAlbum(const DataAlbum&) = default;
-    DataAlbum(DataAlbum&&) = default;
-    DataAlbum& operator=(const DataAlbum&) = default;
-    DataAlbum& operator=(DataAlbum&&) = default;
+    DataAlbum(const DataAlbum&);
+    DataAlbum(DataAlbum&&) noexcept;
+    DataAlbum& operator=(const DataAlbum&);
+    DataAlbum& operator=(DataAlbum&&) noexcept;
     ~DataAlbum() override;
 
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__AlbumMetadata* soap);
@@ -37,7 +37,7 @@ class QUAVERA_API DataAlbum : public DataAlbumLite {
     std::vector<std::string> nonDisplayableAlbumTypes;
     DataArtistLite primaryArtist;
     std::vector<DataTrackInfo> tracks;
-    std::string upccode;
+    std::string upccode;  // spelled as the service does
 };
 
 #endif  // QUAVERA_RECORDS_DATA_ALBUM_H_

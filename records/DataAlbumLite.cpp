@@ -37,12 +37,6 @@ DataAlbumLite::DataAlbumLite(Quavera::Quavera2__LiteAlbumMetadata* soap) {
     }
 }
 
-DataAlbumLite::DataAlbumLite(const DataAlbumLite&) = default;
-DataAlbumLite::DataAlbumLite(DataAlbumLite&&) noexcept = default;
-DataAlbumLite& DataAlbumLite::operator=(const DataAlbumLite&) = default;
-DataAlbumLite& DataAlbumLite::operator=(DataAlbumLite&&) noexcept = default;
-DataAlbumLite::~DataAlbumLite() = default;
-
 bool operator==(const DataAlbumLite& left, const DataAlbumLite& right) {
     return left.releaseYear == right.releaseYear;
 }
@@ -69,7 +63,7 @@ void DataAlbumLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteAlbumMetada
 }
 
 zq::auto_com<ZQXML::INode> DataAlbumLite::ToXML(Quavera::Quavera2__LiteAlbumMetadata* soap) {
-    return ElementWriter::Filled<DataAlbumLite>("Album", soap);
+    return NewElementWith<DataAlbumLite>("Album", soap);
 }
 
 zq::auto_com<ZQXML::INode> DataAlbumLite::ToXML() {
@@ -110,21 +104,21 @@ void DataAlbumLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataAlbumLite::ToString() {
-    return TextLines::Of(*this);
+    return LinesOf(*this);
 }
 
-void DataAlbumLite::AddLines(TextLines& lines) {
-    lines.Plain("albumArt162x162Url", albumArt162x162Url);
-    lines.Plain("albumId", albumId);
-    lines.Number("albumType", albumType);
-    lines.Flag("compilation", compilation);
-    lines.Display("displayName", displayName);
-    lines.Display("name", name);
-    lines.Flag("parentalAuthority", parentalAuthority);
-    lines.Display("primaryArtistDisplayName", primaryArtistDisplayName);
-    lines.Plain("primaryArtistId", primaryArtistId);
-    lines.Plain("primaryStyle", primaryStyle);
-    lines.Number("releaseYear", releaseYear);
-    lines.Plain("shortcut", shortcut);
-    lines.Each("  types", displayableAlbumTypes);
+void AddLines(const DataAlbumLite& album, TextLines& lines) {
+    lines.Plain("albumArt162x162Url", album.albumArt162x162Url);
+    lines.Plain("albumId", album.albumId);
+    lines.Number("albumType", album.albumType);
+    lines.Flag("compilation", album.compilation);
+    lines.Display("displayName", album.displayName);
+    lines.Display("name", album.name);
+    lines.Flag("parentalAuthority", album.parentalAuthority);
+    lines.Display("primaryArtistDisplayName", album.primaryArtistDisplayName);
+    lines.Plain("primaryArtistId", album.primaryArtistId);
+    lines.Plain("primaryStyle", album.primaryStyle);
+    lines.Number("releaseYear", album.releaseYear);
+    lines.Plain("shortcut", album.shortcut);
+    lines.Each("  types", album.displayableAlbumTypes);
 }

@@ -8,8 +8,6 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
-class TextLines;
-
 namespace Quavera {
 class Quavera2__LiteAlbumMetadata;
 }
@@ -25,7 +23,8 @@ class QUAVERA_API DataAlbumLite : public QuavData {
  public:
     DataAlbumLite();
     /// The record's members; the wide texts stay empty.
-    explicit DataAlbumLite(Quavera::Quavera2__LiteAlbumMetadata* soap);
+    // Not explicit, so that `albums.push_back(soap)` compiles.
+    DataAlbumLite(Quavera::Quavera2__LiteAlbumMetadata* soap);
     DataAlbumLite(const DataAlbumLite&);
     DataAlbumLite(DataAlbumLite&&) noexcept;
     DataAlbumLite& operator=(const DataAlbumLite&);
@@ -57,12 +56,6 @@ class QUAVERA_API DataAlbumLite : public QuavData {
     std::uint64_t reserved64;  // carried by copies only, and without a value until then
     std::string shortcut;
     std::vector<std::string> displayableAlbumTypes;
-
- protected:
-    friend class TextLines;
-
-    /// Adds the lines of the log text to those of a record that holds this one.
-    void AddLines(TextLines& lines);
 };
 
 /// Whether the albums are of the same year; nothing else is compared.

@@ -1,12 +1,10 @@
 #include "records/DataAlbumReview.h"
 
-#include "common/TextConversion.h"
 #include "records/Fields.h"
 #include "soap/QuaveraStub.h"
 
-// Part of the library's binary interface: programs that were linked against it expect these
-// objects, though nothing here reads or writes them. No header declares them, so that they do not
-// get in the way of a program's own names.
+// Part of the library's binary interface, though nothing here reads or writes them. No header
+// declares them, so that they do not get in the way of a program's own names.
 QUAVERA_API std::string author;
 QUAVERA_API std::string blurb;
 QUAVERA_API int blurbSize = 0;
@@ -16,7 +14,6 @@ QUAVERA_API int publishDate = 0;
 QUAVERA_API std::wstring title;
 
 DataAlbumReview::DataAlbumReview() = default;
-DataAlbumReview::~DataAlbumReview() = default;
 
 void DataAlbumReview::ToXML(ZQXML::INode* node, Quavera::Quavera2__AlbumReviewMetadata* soap) {
     ElementWriter out(node);
@@ -30,7 +27,7 @@ void DataAlbumReview::ToXML(ZQXML::INode* node, Quavera::Quavera2__AlbumReviewMe
 }
 
 zq::auto_com<ZQXML::INode> DataAlbumReview::ToXML(Quavera::Quavera2__AlbumReviewMetadata* soap) {
-    return ElementWriter::Filled<DataAlbumReview>("AlbumReview", soap);
+    return NewElementWith<DataAlbumReview>("AlbumReview", soap);
 }
 
 void DataAlbumReview::FromXML(ZQXML::INode* node) {
@@ -49,7 +46,7 @@ void DataAlbumReview::FromXML(ZQXML::INode* node) {
 
 std::string DataAlbumReview::ToString() {
     TextLines lines;
-    lines.Line("Author= ", convertToUtf8(author));  // log readers know it without the blank
+    lines.DisplayAfter("Author= ", author);  // log readers know it without the blank
     lines.Display("Blurb", blurb);
     lines.Number("BlurbSize", blurbSize);
     lines.Display("Detail", detail);

@@ -21,10 +21,10 @@ class Quavera2__AlbumReviewMetadata;
 class QUAVERA_API DataAlbumReview {
  public:
     DataAlbumReview();
-    DataAlbumReview(const DataAlbumReview&) = default;
-    DataAlbumReview(DataAlbumReview&&) = default;
-    DataAlbumReview& operator=(const DataAlbumReview&) = default;
-    DataAlbumReview& operator=(DataAlbumReview&&) = default;
+    DataAlbumReview(const DataAlbumReview&);
+    DataAlbumReview(DataAlbumReview&&) noexcept;
+    DataAlbumReview& operator=(const DataAlbumReview&);
+    DataAlbumReview& operator=(DataAlbumReview&&) noexcept;
     virtual ~DataAlbumReview();
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__AlbumReviewMetadata* soap);

@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataArtist::DataArtist() = default;
-DataArtist::~DataArtist() = default;
 
 zq::auto_com<ZQXML::INode> DataArtist::ToXML(Quavera::Quavera2__ArtistMetadata* soap) {
     auto node = DataArtistLite::ToXML(soap);
@@ -14,7 +13,7 @@ zq::auto_com<ZQXML::INode> DataArtist::ToXML(Quavera::Quavera2__ArtistMetadata* 
     out.Display("Bio", soap->bio);
     out.Display("BioAuthor", soap->bioAuthor);
     out.Display("Blurb", soap->blurb);
-    out.Records<DataGenreLite>("Genres", "GenreLite", soap->genres);
+    out.Records<GenreLiteElements>("Genres", "GenreLite", soap->genres);
     return node;
 }
 
@@ -33,12 +32,12 @@ void DataArtist::FromXML(ZQXML::INode* node) {
 
 std::string DataArtist::ToString() {
     TextLines lines;
-    lines.Plain("artistStation", artistStation.ToString());
+    lines.Nested("artistStation", artistStation);
     lines.Records("Album ", albums);
     lines.Display("bio", bio);
     lines.Display("bioAuthor", bioAuthor);
     lines.Display("blurb", blurb);
     lines.Records("Genres ", genres);
-    DataArtistLite::AddLines(lines);
+    lines.Of<DataArtistLite>(*this);
     return lines.Take();
 }

@@ -22,10 +22,10 @@ class Quavera2__ArtistMetadata;
 class QUAVERA_API DataArtist : public DataArtistLite {
  public:
     DataArtist();
-    DataArtist(const DataArtist&) = default;
-    DataArtist(DataArtist&&) = default;
-    DataArtist& operator=(const DataArtist&) = default;
-    DataArtist& operator=(DataArtist&&) = default;
+    DataArtist(const DataArtist&);
+    DataArtist(DataArtist&&) noexcept;
+    DataArtist& operator=(const DataArtist&);
+    DataArtist& operator=(DataArtist&&) noexcept;
     ~DataArtist() override;
 
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__ArtistMetadata* soap);

@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataArtistLite::DataArtistLite() = default;
-DataArtistLite::~DataArtistLite() = default;
 
 void DataArtistLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteArtistMetadata* soap) {
     if (soap == nullptr) {
@@ -17,7 +16,7 @@ void DataArtistLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteArtistMeta
 }
 
 zq::auto_com<ZQXML::INode> DataArtistLite::ToXML(Quavera::Quavera2__LiteArtistMetadata* soap) {
-    return ElementWriter::Filled<DataArtistLite>("Artist", soap);
+    return NewElementWith<DataArtistLite>("Artist", soap);
 }
 
 void DataArtistLite::FromXML(ZQXML::INode* node) {
@@ -29,11 +28,11 @@ void DataArtistLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataArtistLite::ToString() {
-    return TextLines::Of(*this);
+    return LinesOf(*this);
 }
 
-void DataArtistLite::AddLines(TextLines& lines) {
-    lines.Plain("artistId", artistId);
-    lines.Display("name", name);
-    lines.Plain("shortcut", shortcut);
+void AddLines(const DataArtistLite& artist, TextLines& lines) {
+    lines.Plain("artistId", artist.artistId);
+    lines.Display("name", artist.name);
+    lines.Plain("shortcut", artist.shortcut);
 }

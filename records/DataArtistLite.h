@@ -6,8 +6,6 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
-class TextLines;
-
 namespace Quavera {
 class Quavera2__LiteArtistMetadata;
 }
@@ -19,10 +17,10 @@ class Quavera2__LiteArtistMetadata;
 class QUAVERA_API DataArtistLite : public QuavData {
  public:
     DataArtistLite();
-    DataArtistLite(const DataArtistLite&) = default;
-    DataArtistLite(DataArtistLite&&) = default;
-    DataArtistLite& operator=(const DataArtistLite&) = default;
-    DataArtistLite& operator=(DataArtistLite&&) = default;
+    DataArtistLite(const DataArtistLite&);
+    DataArtistLite(DataArtistLite&&) noexcept;
+    DataArtistLite& operator=(const DataArtistLite&);
+    DataArtistLite& operator=(DataArtistLite&&) noexcept;
     ~DataArtistLite() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteArtistMetadata* soap);
@@ -33,12 +31,6 @@ class QUAVERA_API DataArtistLite : public QuavData {
     std::string artistId;
     std::wstring name;
     std::string shortcut;
-
- protected:
-    friend class TextLines;
-
-    /// Adds the lines of the log text to those of a record that holds this one.
-    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_ARTIST_LITE_H_

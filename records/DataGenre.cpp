@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataGenre::DataGenre() = default;
-DataGenre::~DataGenre() = default;
 
 zq::auto_com<ZQXML::INode> DataGenre::ToXML(Quavera::Quavera2__GenreMetadata* soap) {
     auto node = NewElement("Genre");
@@ -14,17 +13,16 @@ zq::auto_com<ZQXML::INode> DataGenre::ToXML(Quavera::Quavera2__GenreMetadata* so
     out.Plain("GenreId", soap->genreId);
     out.Display("Name", soap->name);
     out.NumberUnlessZero("SubGenreCount", soap->subGenreCount);
-    out.RecordsAlways<DataGenreLite>("ChildGenres", "GenreLite", soap->childGenres);
+    out.RecordsAlways<GenreLiteElements>("ChildGenres", "GenreLite", soap->childGenres);
     out.Display("Description", soap->description);
     if (soap->primaryParentGenre != nullptr) {
         out.Plain("PrimaryParentGenreId", soap->primaryParentGenre->genreId);
         // Depends on the primary parent, not only on the list: receivers know it so.
         if (soap->parentGenres != nullptr && soap->parentGenres->count > 0) {
-            const std::string count = zq::ToString(soap->parentGenres->count);
-            out.String("ParentGenreCount", &count);
+            out.DecimalString("ParentGenreCount", &soap->parentGenres->count);
         }
     }
-    out.RecordsAlways<DataGenreLite>("ParentGenres", "GenreLite", soap->parentGenres);
+    out.RecordsAlways<GenreLiteElements>("ParentGenres", "GenreLite", soap->parentGenres);
     return node;
 }
 

@@ -21,10 +21,10 @@ class Quavera2__GenreMetadata;
 class QUAVERA_API DataGenre : public DataGenreLite {
  public:
     DataGenre();
-    DataGenre(const DataGenre&) = default;
-    DataGenre(DataGenre&&) = default;
-    DataGenre& operator=(const DataGenre&) = default;
-    DataGenre& operator=(DataGenre&&) = default;
+    DataGenre(const DataGenre&);
+    DataGenre(DataGenre&&) noexcept;
+    DataGenre& operator=(const DataGenre&);
+    DataGenre& operator=(DataGenre&&) noexcept;
     ~DataGenre() override;
 
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__GenreMetadata* soap);

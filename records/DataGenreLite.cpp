@@ -4,13 +4,12 @@
 #include "soap/QuaveraStub.h"
 
 DataGenreLite::DataGenreLite() = default;
-DataGenreLite::~DataGenreLite() = default;
 
 zq::auto_com<ZQXML::INode> DataGenreLite::ToXML(Quavera::Quavera2__LiteGenreMetadata* soap) {
-    return ElementWriter::Filled<DataGenreLite>("GenreLite", soap);
+    return NewElementWith<GenreLiteElements>("GenreLite", soap);
 }
 
-void DataGenreLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteGenreMetadata* soap) {
+void GenreLiteElements::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteGenreMetadata* soap) {
     ElementWriter out(node);
     out.Plain("GenreId", soap->genreId);
     out.Display("Name", soap->name);
@@ -26,11 +25,11 @@ void DataGenreLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataGenreLite::ToString() {
-    return TextLines::Of(*this);
+    return LinesOf(*this);
 }
 
-void DataGenreLite::AddLines(TextLines& lines) {
-    lines.Plain("genreId", genreId);
-    lines.Display("name", name);
-    lines.Number("subCount", subCount);
+void AddLines(const DataGenreLite& genre, TextLines& lines) {
+    lines.Plain("genreId", genre.genreId);
+    lines.Display("name", genre.name);
+    lines.Number("subCount", genre.subCount);
 }

@@ -6,9 +6,6 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
-class ElementWriter;
-class TextLines;
-
 namespace Quavera {
 class Quavera2__LiteGenreMetadata;
 }
@@ -20,10 +17,10 @@ class Quavera2__LiteGenreMetadata;
 class QUAVERA_API DataGenreLite : public QuavData {
  public:
     DataGenreLite();
-    DataGenreLite(const DataGenreLite&) = default;
-    DataGenreLite(DataGenreLite&&) = default;
-    DataGenreLite& operator=(const DataGenreLite&) = default;
-    DataGenreLite& operator=(DataGenreLite&&) = default;
+    DataGenreLite(const DataGenreLite&);
+    DataGenreLite(DataGenreLite&&) noexcept;
+    DataGenreLite& operator=(const DataGenreLite&);
+    DataGenreLite& operator=(DataGenreLite&&) noexcept;
     ~DataGenreLite() override;
 
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LiteGenreMetadata* soap);
@@ -33,14 +30,6 @@ class QUAVERA_API DataGenreLite : public QuavData {
     std::string genreId;
     std::wstring name;
     int subCount = 0;
-
- private:
-    friend class ElementWriter;
-    friend class TextLines;
-
-    static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteGenreMetadata* soap);
-    /// Adds the lines of the log text to those of a record that holds this one.
-    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_GENRE_LITE_H_

@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataImage::DataImage() = default;
-DataImage::~DataImage() = default;
 
 void DataImage::ToXML(ZQXML::INode* node, Quavera::Quavera2__ImageMetadata* soap) {
     ElementWriter out(node);
@@ -17,7 +16,7 @@ void DataImage::ToXML(ZQXML::INode* node, Quavera::Quavera2__ImageMetadata* soap
 }
 
 zq::auto_com<ZQXML::INode> DataImage::ToXML(Quavera::Quavera2__ImageMetadata* soap) {
-    return ElementWriter::Filled<DataImage>("Image", soap);
+    return NewElementWith<DataImage>("Image", soap);
 }
 
 void DataImage::FromXML(ZQXML::INode* node) {

@@ -18,10 +18,10 @@ class Quavera2__ImageMetadata;
 class QUAVERA_API DataImage : public QuavData {
  public:
     DataImage();
-    DataImage(const DataImage&) = default;
-    DataImage(DataImage&&) = default;
-    DataImage& operator=(const DataImage&) = default;
-    DataImage& operator=(DataImage&&) = default;
+    DataImage(const DataImage&);
+    DataImage(DataImage&&) noexcept;
+    DataImage& operator=(const DataImage&);
+    DataImage& operator=(DataImage&&) noexcept;
     ~DataImage() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__ImageMetadata* soap);

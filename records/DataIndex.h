@@ -18,10 +18,10 @@ class Quavera2__AlphaIndexPosition;
 class QUAVERA_API DataIndex : public QuavData {
  public:
     DataIndex();
-    DataIndex(const DataIndex&) = default;
-    DataIndex(DataIndex&&) = default;
-    DataIndex& operator=(const DataIndex&) = default;
-    DataIndex& operator=(DataIndex&&) = default;
+    DataIndex(const DataIndex&);
+    DataIndex(DataIndex&&) noexcept;
+    DataIndex& operator=(const DataIndex&);
+    DataIndex& operator=(DataIndex&&) noexcept;
     ~DataIndex() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__AlphaIndexPosition* soap);

@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataLibraryModificationResult::DataLibraryModificationResult() = default;
-DataLibraryModificationResult::~DataLibraryModificationResult() = default;
 
 void DataLibraryModificationResult::ToXML(ZQXML::INode* node,
                                           Quavera::Quavera2__LibraryModificationResult* soap) {
@@ -18,14 +17,12 @@ void DataLibraryModificationResult::ToXML(ZQXML::INode* node,
 
 zq::auto_com<ZQXML::INode> DataLibraryModificationResult::ToXML(
     Quavera::Quavera2__LibraryModificationResult* soap) {
-    return ElementWriter::Filled<DataLibraryModificationResult>("LibraryModification", soap);
+    return NewElementWith<DataLibraryModificationResult>("LibraryModification", soap);
 }
 
 void DataLibraryModificationResult::FromXML(ZQXML::INode* node) {
     for (ChildReader child(node); child.Next();) {
-        if (child.Takes("Value")) {
-            ids.push_back(child.Child()->GetValueDecoded());
-        }
+        child.EachDecoded("Value", ids);
         child.Unsigned("LibraryLastDateModified", libraryLastDateModified);
     }
 }

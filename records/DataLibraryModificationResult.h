@@ -19,10 +19,10 @@ class Quavera2__LibraryModificationResult;
 class QUAVERA_API DataLibraryModificationResult : public QuavData {
  public:
     DataLibraryModificationResult();
-    DataLibraryModificationResult(const DataLibraryModificationResult&) = default;
-    DataLibraryModificationResult(DataLibraryModificationResult&&) = default;
-    DataLibraryModificationResult& operator=(const DataLibraryModificationResult&) = default;
-    DataLibraryModificationResult& operator=(DataLibraryModificationResult&&) = default;
+    DataLibraryModificationResult(const DataLibraryModificationResult&);
+    DataLibraryModificationResult(DataLibraryModificationResult&&) noexcept;
+    DataLibraryModificationResult& operator=(const DataLibraryModificationResult&);
+    DataLibraryModificationResult& operator=(DataLibraryModificationResult&&) noexcept;
     ~DataLibraryModificationResult() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LibraryModificationResult* soap);

@@ -4,13 +4,12 @@
 #include "soap/QuaveraStub.h"
 
 DataMemberLibrary::DataMemberLibrary() = default;
-DataMemberLibrary::~DataMemberLibrary() = default;
 
 zq::auto_com<ZQXML::INode> DataMemberLibrary::ToXML(Quavera::Quavera2__MemberLibrary* soap) {
     auto node = NewElement("MemberLibrary");
     DataMemberLibraryLite::ToXML(node.get(), soap);
     ElementWriter out(node.get());
-    out.Records<DataTrackInfo>("Tracks", "Track", soap->tracks);
+    out.Records<TrackElements>("Tracks", "Track", soap->tracks);
     out.Records<DataPlaylistLite>("Playlists", "Playlist", soap->playlists);
     out.Records<DataStationLite>("Stations", "Station", soap->stations);
     return node;
@@ -32,6 +31,6 @@ std::string DataMemberLibrary::ToString() {
     lines.Records("Track ", tracks);
     lines.Records("Playlist ", playlists);
     lines.Records("Station ", stations);
-    lines.Text(DataMemberLibraryLite::ToString());
+    lines.Of<DataMemberLibraryLite>(*this);
     return lines.Take();
 }

@@ -23,10 +23,10 @@ class Quavera2__MemberLibrary;
 class QUAVERA_API DataMemberLibrary : public DataMemberLibraryLite {
  public:
     DataMemberLibrary();
-    DataMemberLibrary(const DataMemberLibrary&) = default;
-    DataMemberLibrary(DataMemberLibrary&&) = default;
-    DataMemberLibrary& operator=(const DataMemberLibrary&) = default;
-    DataMemberLibrary& operator=(DataMemberLibrary&&) = default;
+    DataMemberLibrary(const DataMemberLibrary&);
+    DataMemberLibrary(DataMemberLibrary&&) noexcept;
+    DataMemberLibrary& operator=(const DataMemberLibrary&);
+    DataMemberLibrary& operator=(DataMemberLibrary&&) noexcept;
     ~DataMemberLibrary() override;
 
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__MemberLibrary* soap);

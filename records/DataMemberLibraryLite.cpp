@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataMemberLibraryLite::DataMemberLibraryLite() = default;
-DataMemberLibraryLite::~DataMemberLibraryLite() = default;
 
 void DataMemberLibraryLite::ToXML(ZQXML::INode* node, Quavera::Quavera5__LiteMemberLibrary* soap) {
     ElementWriter out(node);
@@ -14,7 +13,7 @@ void DataMemberLibraryLite::ToXML(ZQXML::INode* node, Quavera::Quavera5__LiteMem
 
 zq::auto_com<ZQXML::INode> DataMemberLibraryLite::ToXML(
     Quavera::Quavera5__LiteMemberLibrary* soap) {
-    return ElementWriter::Filled<DataMemberLibraryLite>("MemberLibraryLite", soap);
+    return NewElementWith<DataMemberLibraryLite>("MemberLibraryLite", soap);
 }
 
 void DataMemberLibraryLite::FromXML(ZQXML::INode* node) {
@@ -25,8 +24,10 @@ void DataMemberLibraryLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataMemberLibraryLite::ToString() {
-    TextLines lines;
-    lines.Unsigned("lastModifiedDate", lastModifiedDate);
-    lines.Display("memberId", memberId);
-    return lines.Take();
+    return LinesOf(*this);
+}
+
+void AddLines(const DataMemberLibraryLite& library, TextLines& lines) {
+    lines.Unsigned("lastModifiedDate", library.lastModifiedDate);
+    lines.Display("memberId", library.memberId);
 }

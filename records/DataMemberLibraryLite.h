@@ -17,10 +17,10 @@ class Quavera5__LiteMemberLibrary;
 class QUAVERA_API DataMemberLibraryLite : public QuavData {
  public:
     DataMemberLibraryLite();
-    DataMemberLibraryLite(const DataMemberLibraryLite&) = default;
-    DataMemberLibraryLite(DataMemberLibraryLite&&) = default;
-    DataMemberLibraryLite& operator=(const DataMemberLibraryLite&) = default;
-    DataMemberLibraryLite& operator=(DataMemberLibraryLite&&) = default;
+    DataMemberLibraryLite(const DataMemberLibraryLite&);
+    DataMemberLibraryLite(DataMemberLibraryLite&&) noexcept;
+    DataMemberLibraryLite& operator=(const DataMemberLibraryLite&);
+    DataMemberLibraryLite& operator=(DataMemberLibraryLite&&) noexcept;
     ~DataMemberLibraryLite() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera5__LiteMemberLibrary* soap);

@@ -4,12 +4,11 @@
 #include "soap/QuaveraStub.h"
 
 DataPlaylist::DataPlaylist() = default;
-DataPlaylist::~DataPlaylist() = default;
 
 zq::auto_com<ZQXML::INode> DataPlaylist::ToXML(Quavera::Quavera2__PlaylistMetadata* soap) {
     auto node = DataPlaylistLite::ToXML(soap);
     ElementWriter out(node.get());
-    out.Records<DataTrackInfo>("Tracks", "Track", soap->tracks);
+    out.Records<TrackElements>("Tracks", "Track", soap->tracks);
     return node;
 }
 
@@ -23,6 +22,6 @@ void DataPlaylist::FromXML(ZQXML::INode* node) {
 std::string DataPlaylist::ToString() {
     TextLines lines;
     lines.Records("Track ", tracks);
-    DataPlaylistLite::AddLines(lines);
+    lines.Of<DataPlaylistLite>(*this);
     return lines.Take();
 }

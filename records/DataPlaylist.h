@@ -19,10 +19,10 @@ class Quavera2__PlaylistMetadata;
 class QUAVERA_API DataPlaylist : public DataPlaylistLite {
  public:
     DataPlaylist();
-    DataPlaylist(const DataPlaylist&) = default;
-    DataPlaylist(DataPlaylist&&) = default;
-    DataPlaylist& operator=(const DataPlaylist&) = default;
-    DataPlaylist& operator=(DataPlaylist&&) = default;
+    DataPlaylist(const DataPlaylist&);
+    DataPlaylist(DataPlaylist&&) noexcept;
+    DataPlaylist& operator=(const DataPlaylist&);
+    DataPlaylist& operator=(DataPlaylist&&) noexcept;
     ~DataPlaylist() override;
 
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__PlaylistMetadata* soap);

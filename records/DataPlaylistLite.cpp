@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataPlaylistLite::DataPlaylistLite() = default;
-DataPlaylistLite::~DataPlaylistLite() = default;
 
 void DataPlaylistLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LitePlaylistMetadata* soap) {
     ElementWriter out(node);
@@ -16,7 +15,7 @@ void DataPlaylistLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LitePlaylist
 }
 
 zq::auto_com<ZQXML::INode> DataPlaylistLite::ToXML(Quavera::Quavera2__LitePlaylistMetadata* soap) {
-    return ElementWriter::Filled<DataPlaylistLite>("Playlist", soap);
+    return NewElementWith<DataPlaylistLite>("Playlist", soap);
 }
 
 void DataPlaylistLite::FromXML(ZQXML::INode* node) {
@@ -30,13 +29,13 @@ void DataPlaylistLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataPlaylistLite::ToString() {
-    return TextLines::Of(*this);
+    return LinesOf(*this);
 }
 
-void DataPlaylistLite::AddLines(TextLines& lines) {
-    lines.Plain("createdDate", createdDate);
-    lines.Plain("lastModifiedDate", lastModifiedDate);
-    lines.Plain("name", name);
-    lines.Plain("playlistId", playlistId);
-    lines.Plain("type", type);
+void AddLines(const DataPlaylistLite& playlist, TextLines& lines) {
+    lines.Plain("createdDate", playlist.createdDate);
+    lines.Plain("lastModifiedDate", playlist.lastModifiedDate);
+    lines.Plain("name", playlist.name);
+    lines.Plain("playlistId", playlist.playlistId);
+    lines.Plain("type", playlist.type);
 }

@@ -6,8 +6,6 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
-class TextLines;
-
 namespace Quavera {
 class Quavera2__LitePlaylistMetadata;
 }
@@ -20,10 +18,10 @@ class Quavera2__LitePlaylistMetadata;
 class QUAVERA_API DataPlaylistLite : public QuavData {
  public:
     DataPlaylistLite();
-    DataPlaylistLite(const DataPlaylistLite&) = default;
-    DataPlaylistLite(DataPlaylistLite&&) = default;
-    DataPlaylistLite& operator=(const DataPlaylistLite&) = default;
-    DataPlaylistLite& operator=(DataPlaylistLite&&) = default;
+    DataPlaylistLite(const DataPlaylistLite&);
+    DataPlaylistLite(DataPlaylistLite&&) noexcept;
+    DataPlaylistLite& operator=(const DataPlaylistLite&);
+    DataPlaylistLite& operator=(DataPlaylistLite&&) noexcept;
     ~DataPlaylistLite() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LitePlaylistMetadata* soap);
@@ -36,12 +34,6 @@ class QUAVERA_API DataPlaylistLite : public QuavData {
     std::string name;              // UTF-8, as received
     std::string playlistId;
     std::string type;
-
- protected:
-    friend class TextLines;
-
-    /// Adds the lines of the log text to those of a record that holds this one.
-    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_PLAYLIST_LITE_H_

@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataStation::DataStation() = default;
-DataStation::~DataStation() = default;
 
 zq::auto_com<ZQXML::INode> DataStation::ToXML(Quavera::Quavera2__StationMetadata* soap) {
     return DataStationLite::ToXML(soap);

@@ -17,10 +17,10 @@ class Quavera2__StationMetadata;
 class QUAVERA_API DataStation : public DataStationLite {
  public:
     DataStation();
-    DataStation(const DataStation&) = default;
-    DataStation(DataStation&&) = default;
-    DataStation& operator=(const DataStation&) = default;
-    DataStation& operator=(DataStation&&) = default;
+    DataStation(const DataStation&);
+    DataStation(DataStation&&) noexcept;
+    DataStation& operator=(const DataStation&);
+    DataStation& operator=(DataStation&&) noexcept;
     ~DataStation() override;
 
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__StationMetadata* soap);

@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataStationLite::DataStationLite() = default;
-DataStationLite::~DataStationLite() = default;
 
 void DataStationLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteStationMetadata* soap) {
     ElementWriter out(node);
@@ -15,7 +14,7 @@ void DataStationLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteStationMe
 }
 
 zq::auto_com<ZQXML::INode> DataStationLite::ToXML(Quavera::Quavera2__LiteStationMetadata* soap) {
-    return ElementWriter::Filled<DataStationLite>("Station", soap);
+    return NewElementWith<DataStationLite>("Station", soap);
 }
 
 void DataStationLite::FromXML(ZQXML::INode* node) {
@@ -28,12 +27,12 @@ void DataStationLite::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataStationLite::ToString() {
-    return TextLines::Of(*this);
+    return LinesOf(*this);
 }
 
-void DataStationLite::AddLines(TextLines& lines) {
-    lines.Display("name", name);
-    lines.Plain("stationId", stationId);
-    lines.Plain("type", type);
-    lines.Flag("freeStation", freeStation);
+void AddLines(const DataStationLite& station, TextLines& lines) {
+    lines.Display("name", station.name);
+    lines.Plain("stationId", station.stationId);
+    lines.Plain("type", station.type);
+    lines.Flag("freeStation", station.freeStation);
 }

@@ -7,8 +7,6 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
-class TextLines;
-
 namespace Quavera {
 class Quavera2__LiteStationMetadata;
 }
@@ -21,10 +19,10 @@ class Quavera2__LiteStationMetadata;
 class QUAVERA_API DataStationLite : public QuavData {
  public:
     DataStationLite();
-    DataStationLite(const DataStationLite&) = default;
-    DataStationLite(DataStationLite&&) = default;
-    DataStationLite& operator=(const DataStationLite&) = default;
-    DataStationLite& operator=(DataStationLite&&) = default;
+    DataStationLite(const DataStationLite&);
+    DataStationLite(DataStationLite&&) noexcept;
+    DataStationLite& operator=(const DataStationLite&);
+    DataStationLite& operator=(DataStationLite&&) noexcept;
     ~DataStationLite() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteStationMetadata* soap);
@@ -37,12 +35,6 @@ class QUAVERA_API DataStationLite : public QuavData {
     std::string stationId;
     std::string type;
     bool freeStation = false;  // can be played free of charge
-
- private:
-    friend class TextLines;
-
-    /// Adds the lines of the log text to those of a record that holds this one.
-    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_STATION_LITE_H_

@@ -20,19 +20,13 @@ DataTrackInfo::DataTrackInfo() {
     trackId.reserve(kTypicalIdentifier);
 }
 
-DataTrackInfo::DataTrackInfo(ListItem /*key*/) {}
-
-DataTrackInfo::DataTrackInfo(const DataTrackInfo&) = default;
-DataTrackInfo::DataTrackInfo(DataTrackInfo&&) noexcept = default;
-DataTrackInfo& DataTrackInfo::operator=(const DataTrackInfo&) = default;
-DataTrackInfo& DataTrackInfo::operator=(DataTrackInfo&&) noexcept = default;
-DataTrackInfo::~DataTrackInfo() = default;
+DataTrackInfo::DataTrackInfo(Unreserved /*tag*/) {}
 
 zq::auto_com<ZQXML::INode> DataTrackInfo::ToXML(Quavera::Quavera2__LiteTrackMetadata* soap) {
-    return ElementWriter::Filled<DataTrackInfo>("Track", soap);
+    return NewElementWith<TrackElements>("Track", soap);
 }
 
-void DataTrackInfo::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetadata* soap) {
+void TrackElements::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetadata* soap) {
     ElementWriter out(node);
     out.Plain("AlbumId", soap->albumId);
     out.Plain("ArtistId", soap->artistId);
@@ -65,19 +59,19 @@ void DataTrackInfo::FromXML(ZQXML::INode* node) {
 }
 
 std::string DataTrackInfo::ToString() {
-    return TextLines::Of(*this);
+    return LinesOf(*this);
 }
 
-void DataTrackInfo::AddLines(TextLines& lines) {
-    lines.Plain("AlbumId", albumId);
-    lines.Plain("AlbumId", albumId);  // printed twice: log readers rely on it
-    lines.Plain("ArtistId", artistId);
-    lines.Number("DiscIndex", discIndex);
-    lines.Display("DisplayAlbumName", displayAlbumName);
-    lines.Display("DisplayArtistName", displayArtistName);
-    lines.Display("Name", name);
-    lines.Number("PlaybackSeconds", playbackSeconds);
-    lines.Plain("TrackId", trackId);
-    lines.Number("TrackIndex", trackIndex);
-    lines.Plain("UserData", userData);
+void AddLines(const DataTrackInfo& track, TextLines& lines) {
+    lines.Plain("AlbumId", track.albumId);
+    lines.Plain("AlbumId", track.albumId);  // printed twice: log readers rely on it
+    lines.Plain("ArtistId", track.artistId);
+    lines.Number("DiscIndex", track.discIndex);
+    lines.Display("DisplayAlbumName", track.displayAlbumName);
+    lines.Display("DisplayArtistName", track.displayArtistName);
+    lines.Display("Name", track.name);
+    lines.Number("PlaybackSeconds", track.playbackSeconds);
+    lines.Plain("TrackId", track.trackId);
+    lines.Number("TrackIndex", track.trackIndex);
+    lines.Plain("UserData", track.userData);
 }

@@ -6,9 +6,6 @@
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
 
-class ElementWriter;
-class TextLines;
-
 namespace Quavera {
 class Quavera2__LiteTrackMetadata;
 }
@@ -23,8 +20,9 @@ class QUAVERA_API DataTrackInfo : public QuavData {
  public:
     /// Reserves room for typical identifiers and display names.
     DataTrackInfo();
-    /// An item of a list, without room that the copy which a list used to hold would not have.
-    explicit DataTrackInfo(ListItem);
+    /// The same without that room, six allocations less. What a list holds has none, like any copy
+    /// of an empty track.
+    explicit DataTrackInfo(Unreserved);
     DataTrackInfo(const DataTrackInfo&);
     DataTrackInfo(DataTrackInfo&&) noexcept;
     DataTrackInfo& operator=(const DataTrackInfo&);
@@ -48,14 +46,6 @@ class QUAVERA_API DataTrackInfo : public QuavData {
     std::string trackId;
     int trackIndex = 0;    // position of the track on its disc
     std::string userData;  // free text that a caller puts into the tree
-
- private:
-    friend class ElementWriter;
-    friend class TextLines;
-
-    static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetadata* soap);
-    /// Adds the lines of the log text to those of a record that holds this one.
-    void AddLines(TextLines& lines);
 };
 
 #endif  // QUAVERA_RECORDS_DATA_TRACK_INFO_H_

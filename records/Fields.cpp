@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "common/PlatformExtras.h"
 #include "common/TextConversion.h"
 
 namespace {
@@ -11,21 +10,35 @@ constexpr std::size_t kLargestTypicalItem = 512;
 
 }  // namespace
 
+void ElementWriter::NumberUnlessZero(std::string_view name, int value) {
+    if (value != 0) {
+        Number(name, &value);
+    }
+}
+
 void ElementWriter::Unsigned(std::string_view name, const unsigned long* value) {
     if (value != nullptr) {
-        element_->AddChild(std::string(name), *value);
+        quavera::nodes::AddUnsigned(element_, name, *value);
+    }
+}
+
+void ElementWriter::DecimalString(std::string_view name, const int* value) {
+    if (value != nullptr) {
+        const std::string text = zq::ToString(*value);
+        String(name, &text);
+    }
+}
+
+void ElementWriter::HexLetter(std::string_view name, const std::string* text) {
+    if (text != nullptr) {
+        const std::string code = CharToHexString(text->c_str()[0]);  // of an empty text: zero's
+        String(name, &code);
     }
 }
 
 void ElementWriter::Flag(std::string_view name, const bool* value) {
     if (value != nullptr) {
-        element_->AddChild(std::string(name), *value);
-    }
-}
-
-void ElementWriter::NumberUnlessZero(std::string_view name, int value) {
-    if (value != 0) {
-        Number(name, &value);
+        quavera::nodes::AddFlag(element_, name, *value);
     }
 }
 
@@ -40,26 +53,22 @@ void ElementWriter::ValuesUnlessEmpty(std::string_view name,
     if (texts.empty()) {
         return;
     }
-    const auto list = NewChild(name);
+    const auto list = quavera::nodes::NewChild(element_, name);
     for (const std::string& text : texts) {
         ElementWriter(list.get()).String("Value", &text);
     }
     element_->AppendChild(list.get());
 }
 
-std::size_t ChildReader::CountChildren() {
-    std::size_t count = 0;
-    if (ZQXML::INodeList* const children = extras::ChildrenOf(Child())) {
-        for (auto* child = children->First(); child != nullptr; child = children->Next()) {
-            ++count;
-        }
+void ChildReader::HexLetter(std::string_view name, std::string& field) {
+    if (Takes(name)) {
+        field.assign(1, HexStringToChar(std::string(walk_.Text())));
     }
-    return count;
 }
 
 void ChildReader::Values(std::string_view name, std::vector<std::string>& field) {
     if (Takes(name)) {
-        for (ChildReader value(Child()); value.Next();) {
+        for (ChildWalk value(Child()); value.Next();) {
             field.emplace_back(value.Text());
         }
     }
@@ -67,12 +76,18 @@ void ChildReader::Values(std::string_view name, std::vector<std::string>& field)
 
 void ChildReader::Each(std::string_view name, std::vector<std::string>& field) {
     if (Takes(name)) {
-        field.emplace_back(Text());
+        field.emplace_back(walk_.Text());
+    }
+}
+
+void ChildReader::EachDecoded(std::string_view name, std::vector<std::string>& field) {
+    if (Takes(name)) {
+        field.push_back(Child()->GetValueDecoded());
     }
 }
 
 void TextLines::Unsigned(std::string_view label, unsigned long value) {
-    Plain(label, extras::Decimal(value).View());
+    Plain(label, quavera::nodes::Decimal(value).View());
 }
 
 void TextLines::Each(std::string_view label, const std::vector<std::string>& texts) {
@@ -83,23 +98,9 @@ void TextLines::Each(std::string_view label, const std::vector<std::string>& tex
 
 void TextLines::Unbroken(std::string_view prefix, const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
-        Text(prefix);
-        Text(text);
+        text_.Append(prefix);
+        text_.Append(text);
     }
-}
-
-void TextLines::Line(std::string_view label, std::string_view text) {
-    Text(label);
-    Text(text);
-    Text(kLineEnd);
-}
-
-void TextLines::Text(std::string_view text) {
-    text_.Append(text);
-}
-
-void TextLines::PutUnusual(const std::wstring& text) {
-    text_.Put(convertToUtf8(text));  // never more than the room for all others
 }
 
 void TextLines::ExpectItems(std::size_t count, std::size_t firstSize) {

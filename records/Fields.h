@@ -8,29 +8,83 @@
 #include <vector>
 
 #include "base/SmallText.h"
+#include "base/Speed.h"
 #include "base/TextBuffer.h"
-#include "common/DirectText.h"
-#include "common/PlatformExtras.h"
+#include "common/BorrowedText.h"
+#include "common/NodeAccess.h"
 #include "platform/zqshared.h"
+#include "records/ChildWalk.h"
+#include "records/Nested.h"
 #include "records/QuavData.h"
 
 /// The verbs that the records are written with. A record's three directions are blocks of rows, one
-/// for each element or line, and a verb names the form that the row's value takes:
+/// for each element or line, and a verb names the form that the row's value takes.
 ///
-/// | verb     | field               | element's text                     | log text     |
-/// | -------- | ------------------- | ---------------------------------- | ------------ |
-/// | Plain    | `std::string`       | the text                           | the text     |
-/// | Display  | `std::wstring`      | base64 of the UTF-8 text, marked   | UTF-8        |
-/// | Number   | `int`               | decimal                            | decimal      |
-/// | Unsigned | unsigned, 32 bits   | decimal                            | decimal      |
-/// | Flag     | `bool`              | "true" or "false"                  | the same     |
-/// | Nested   | a record            | the record's own element           | its own text |
-/// | Records  | vector of records   | an element with one for each       | their texts  |
-/// | Values   | vector of texts     | an element with a "Value" for each |              |
-/// | Each     | vector of texts     | an element for each                | a line each  |
+/// Writing, by ElementWriter:
+///
+/// | verb              | member          | element                                               |
+/// | ----------------- | --------------- | ----------------------------------------------------- |
+/// | Plain             | text            | the text, in the node's C-string form                 |
+/// | String            | text            | the same in the string form, which stations and a     |
+/// |                   |                 | record's own fields have: receivers' nodes may tell   |
+/// | Display           | text            | base64 of the text, marked as encoded                 |
+/// | Number            | int             | decimal, in the int form                              |
+/// | NumberUnlessZero  | int by value    | the same; zero stands for "absent"                    |
+/// | Unsigned          | unsigned, 32 bits | decimal, in the unsigned form                       |
+/// | Decimal           | any integer     | decimal as a text, in the C-string form: an account's |
+/// | DecimalString     | int             | the same in the string form: an index's, a genre's    |
+/// | HexLetter         | text            | the code of its first byte, two hexadecimal digits    |
+/// | Flag              | bool            | "true" or "false"                                     |
+/// | FlagIfTrue        | bool by value   | the same; false stands for "absent"                   |
+/// | Nested            | SOAP record     | an element of its own                                 |
+/// | Records           | wrapper of SOAP records | an element with one for each                  |
+/// | RecordsAlways     | the same        | the same, also of a null wrapper: a genre's           |
+/// | Values            | wrapper of texts | an element with a "Value" for each                   |
+/// | ValuesUnlessEmpty | vector of texts | the same in the string form; nothing without texts    |
+/// | Each              | wrapper of texts | an element for each, as of Plain                     |
+///
+/// Reading, by ChildReader:
+///
+/// | verb         | field             | value | | ------------ | ----------------- |
+/// ---------------------------------------------------------- | | Plain        | `std::string` |
+/// the text                                                   | | Display      | `std::wstring` |
+/// what the text stands for in base64 and UTF-8               | | Number       | int | what the
+/// node takes the text for                           | | Unsigned     | unsigned, 32 bits or more |
+/// the same modulo 2^32                               | | HexLetter    | `std::string`     | one
+/// byte, whose code is the text                           | | Flag         | bool              |
+/// set where the text is that of a true flag, never cleared   | | Nested       | a record | filled
+/// from the element                                    | | Records      | vector of records | an
+/// item for each child, whatever its name                  | | RecordsNamed | the same          |
+/// an item for each child of that name: a genre's             | | Values       | vector of texts |
+/// the text of each child, whatever its name                  | | Each         | vector of texts |
+/// the text of this element                                   | | EachDecoded  | the same | the
+/// same, decoded where the node marks it as encoded       |
+///
+/// Log text, by TextLines:
+///
+/// | verb         | field             | text | | ------------ | ----------------- |
+/// ---------------------------------------------------------- | | Plain        | text | "label =
+/// text\r\n"                                         | | Display      | wide text         | the
+/// same in UTF-8                                          | | DisplayAfter | wide text         |
+/// the same, the label written as it stands                   | | Number, Unsigned | number | the
+/// same in decimal                                        | | Flag         | bool              |
+/// the same, "true" or "false"                                | | Nested       | a record | the
+/// same with the record's own text                        | | Each         | vector of texts   | a
+/// line for each                                            | | Unbroken     | vector of texts   |
+/// each right after the prefix, without line ends             | | Records      | vector of records
+/// | their own texts, each right after the prefix               | | Of           | a record | its
+/// lines, among the others                                |
 
 /// A new element of that name, without text.
 zq::auto_com<ZQXML::INode> NewElement(std::string_view name);
+
+/// A new element of that name, with what `Writer` writes of a SOAP record.
+template <class Writer, class Soap>
+zq::auto_com<ZQXML::INode> NewElementWith(std::string_view name, Soap* soap) {
+    auto element = NewElement(name);
+    Writer::ToXML(element.get(), soap);
+    return element;
+}
 
 /// Adds the members of a SOAP record to an element, in the order of the calls. A member that is
 /// null is left out, and so is a null item of a list. A wrapper is what a SOAP record holds for a
@@ -39,43 +93,28 @@ class ElementWriter {
  public:
     explicit ElementWriter(ZQXML::INode* element) : element_(element) {}
 
-    /// A new element of that name, with what `Record` writes of a SOAP record.
-    template <class Record, class Soap>
-    static zq::auto_com<ZQXML::INode> Filled(std::string_view name, Soap* soap) {
-        auto element = NewElement(name);
-        Record::ToXML(element.get(), soap);
-        return element;
-    }
-
     void Plain(std::string_view name, const std::string* text) {
         if (text != nullptr) {
-            extras::AddCString(element_, name, text->c_str());
+            quavera::nodes::AddCString(element_, name, text->c_str());
         }
     }
-    /// Plain, by the node's other operation for texts.
     void String(std::string_view name, const std::string* text) {
         if (text != nullptr) {
-            extras::AddString(element_, name, *text);
+            quavera::nodes::AddText(element_, name, *text);
         }
     }
-    void Display(std::string_view name, std::string* text) {
+    void Display(std::string_view name, const std::string* text) {
         if (text != nullptr) {
-            extras::AddEncoded(element_, name, *text);
+            quavera::nodes::AddEncoded(element_, name, *text);
         }
     }
     void Number(std::string_view name, const int* value) {
         if (value != nullptr) {
-            extras::AddNumber(element_, name, *value);
+            quavera::nodes::AddNumber(element_, name, *value);
         }
     }
-    void Unsigned(std::string_view name, const unsigned long* value);
-    void Flag(std::string_view name, const bool* value);
-
-    /// For members that a SOAP record holds by value: zero and false stand for "absent".
     void NumberUnlessZero(std::string_view name, int value);
-    void FlagIfTrue(std::string_view name, bool value);
-
-    /// A number as a plain text.
+    void Unsigned(std::string_view name, const unsigned long* value);
     template <class Integer>
     void Decimal(std::string_view name, const Integer* value) {
         if (value != nullptr) {
@@ -83,50 +122,48 @@ class ElementWriter {
             Plain(name, &text);
         }
     }
+    void DecimalString(std::string_view name, const int* value);
+    void HexLetter(std::string_view name, const std::string* text);
+    void Flag(std::string_view name, const bool* value);
+    void FlagIfTrue(std::string_view name, bool value);
 
-    /// An element of that name, with what `Item` writes of a SOAP record.
-    template <class Item, class Soap>
+    /// An element of that name, with what `Writer` writes of a SOAP record.
+    template <class Writer, class Soap>
     void Nested(std::string_view name, Soap* soap) {
         if (soap != nullptr) {
-            const auto child = NewChild(name);
-            Item::ToXML(child.get(), soap);
+            const auto child = quavera::nodes::NewChild(element_, name);
+            Writer::ToXML(child.get(), soap);
             element_->AppendChild(child.get());
         }
     }
 
     /// An element with one, named `itemName`, for each of the wrapper's records; without items it
     /// is empty.
-    template <class Item, class Wrapper>
+    template <class Writer, class Wrapper>
     void Records(std::string_view name, std::string_view itemName, const Wrapper* wrapper) {
         if (wrapper != nullptr) {
-            RecordsAlways<Item>(name, itemName, wrapper);
+            RecordsAlways<Writer>(name, itemName, wrapper);
         }
     }
-
-    /// The same, but a null wrapper gives an empty element too.
-    template <class Item, class Wrapper>
+    template <class Writer, class Wrapper>
     void RecordsAlways(std::string_view name, std::string_view itemName, const Wrapper* wrapper) {
-        const auto list = NewChild(name);
+        const auto list = quavera::nodes::NewChild(element_, name);
         for (int at = 0; wrapper != nullptr && at < wrapper->count; ++at) {
-            ElementWriter(list.get()).Nested<Item>(itemName, wrapper->items[at]);
+            ElementWriter(list.get()).Nested<Writer>(itemName, wrapper->items[at]);
         }
         element_->AppendChild(list.get());
     }
 
-    /// An element with a "Value" for each text of the wrapper; without texts it is empty.
     template <class Wrapper>
     void Values(std::string_view name, const Wrapper* wrapper) {
         if (wrapper != nullptr) {
-            const auto list = NewChild(name);
+            const auto list = quavera::nodes::NewChild(element_, name);
             ElementWriter(list.get()).Each("Value", wrapper);
             element_->AppendChild(list.get());
         }
     }
-
-    /// The same for the texts of an object; nothing without texts.
     void ValuesUnlessEmpty(std::string_view name, const std::vector<std::string>& texts);
 
-    /// An element of that name for each text of the wrapper.
     template <class Wrapper>
     void Each(std::string_view name, const Wrapper* wrapper) {
         for (int at = 0; wrapper != nullptr && at < wrapper->count; ++at) {
@@ -135,24 +172,22 @@ class ElementWriter {
     }
 
  private:
-    /// A new element that is still to be appended.
-    zq::auto_com<ZQXML::INode> NewChild(std::string_view name) {
-        return extras::CreateNodeFor(element_, name);
-    }
-
     ZQXML::INode* element_;
 };
 
 /// Walks the children of an element. For each child the rows are tried in order, and the first one
 /// of its name takes it.
 ///
-/// Children mostly come in the order of the rows. So the row behind one that took a child is tried
+/// Children mostly come in the order of the rows. So the row after one that took a child is tried
 /// on the next child at once, and a pass over the rows may take many; a child that came up on the
 /// way and found no row still meets all of them in a pass of its own.
 class ChildReader {
  public:
     /// `element` may be null, and then has no children.
     explicit ChildReader(ZQXML::INode* element) : walk_(element) {}
+    ChildReader(const ChildReader&) = delete;
+    ChildReader& operator=(const ChildReader&) = delete;
+    ~ChildReader() = default;
 
     /// Begins a pass over the rows, with the next child that they have not taken; false at the end.
     bool Next() {
@@ -174,23 +209,12 @@ class ChildReader {
 
     /// The child that the last row took, borrowed; without rows, that of the pass.
     ZQXML::INode* Child() const { return walk_.Node(); }
-    /// Its text, borrowed until the next row.
-    std::string_view Text() { return walk_.Text(); }
-    /// Whether the next child that no row has taken yet has that name. Then this row takes it.
-    bool Takes(std::string_view name) {
-        if (state_ == kTaken) {
-            Advance(kNotTried);
-        }
-        if (state_ == kAtEnd || !zq::IsSameText(name, walk_.Name())) {
-            return false;
-        }
-        state_ = kTaken;
-        return true;
-    }
 
     void Plain(std::string_view name, std::string& field) {
         if (Takes(name)) {
-            field = Text();
+            const std::string_view text = walk_.Text();
+            field.clear();
+            field.append(text);
         }
     }
     void Display(std::string_view name, std::wstring& field) {
@@ -203,18 +227,16 @@ class ChildReader {
             field = Child()->GetValueInt();
         }
     }
-    /// Sets the flag if the text is that of a true one; no text ever clears it.
-    void Flag(std::string_view name, bool& field) {
-        if (Takes(name) && Text() == TRUE_STRING) {
-            field = true;
-        }
-    }
-
-    /// A number of 32 bits; a wider field gets zeros in front of it.
     template <class Integer>
     void Unsigned(std::string_view name, Integer& field) {
         if (Takes(name)) {
-            field = static_cast<std::uint32_t>(Child()->GetValueInt());
+            field = static_cast<std::uint32_t>(Child()->GetValueInt());  // zeros in front of it
+        }
+    }
+    void HexLetter(std::string_view name, std::string& field);
+    void Flag(std::string_view name, bool& field) {
+        if (Takes(name) && walk_.Text() == TRUE_STRING) {
+            field = true;
         }
     }
 
@@ -225,53 +247,59 @@ class ChildReader {
         }
     }
 
-    /// Appends an item for every child of the element, whatever its name.
     template <class Item>
     void Records(std::string_view name, std::vector<Item>& field) {
         if (Takes(name)) {
-            Reserve(field);
-            for (ChildReader item(Child()); item.Next();) {
-                item.AppendTo(field);
+            ChildReader items(Child());
+            if (field.empty()) {  // a list that grows more than once grows best by itself
+                field.reserve(items.walk_.CountHint());
+            }
+            while (items.Next()) {
+                items.AppendTo(field);
             }
         }
     }
-
-    /// Appends an item for every child of the element that is named `itemName`.
     template <class Item>
     void RecordsNamed(std::string_view name, std::string_view itemName, std::vector<Item>& field) {
         if (Takes(name)) {
-            for (ChildReader item(Child()); item.Next(itemName);) {
-                item.AppendTo(field);
+            for (ChildReader items(Child()); items.Next(itemName);) {
+                items.AppendTo(field);
             }
         }
     }
 
-    /// Appends the text of every child of the element, whatever its name.
     void Values(std::string_view name, std::vector<std::string>& field);
-    /// Appends the text of this element.
     void Each(std::string_view name, std::vector<std::string>& field);
+    void EachDecoded(std::string_view name, std::vector<std::string>& field);
 
  private:
-    /// Room for an item for each child of this one, in a list that is empty: one that grows more
-    /// than once grows best by itself.
-    template <class Item>
-    void Reserve(std::vector<Item>& field) {
-        if (field.empty()) {
-            field.reserve(CountChildren());
-        }
-    }
-
+    /// Appends an item that has read the child: all of it, or, where that fails, nothing.
     template <class Item>
     void AppendTo(std::vector<Item>& field) {
-        if constexpr (std::is_constructible_v<Item, ListItem>) {
-            field.emplace_back(ListItem());
+        if constexpr (std::is_constructible_v<Item, QuavData::Unreserved>) {
+            field.emplace_back(QuavData::Unreserved());
         } else {
             field.emplace_back();
         }
-        field.back().FromXML(Child());
+        try {
+            field.back().FromXML(Child());
+        } catch (...) {
+            field.pop_back();
+            throw;
+        }
     }
 
-    std::size_t CountChildren();
+    /// Whether the next child that no row has taken yet has that name. Then this row takes it.
+    bool Takes(std::string_view name) {
+        if (state_ == kTaken) {
+            Advance(kNotTried);
+        }
+        if (state_ == kAtEnd || !quavera::IsSameText(name, walk_.Name())) {
+            return false;
+        }
+        state_ = kTaken;
+        return true;
+    }
 
     /// What the rows have done with the child.
     enum State {
@@ -287,7 +315,7 @@ class ChildReader {
         return isThere;
     }
 
-    extras::ChildWalk walk_;
+    ChildWalk walk_;
     State state_ = kFree;
 };
 
@@ -297,75 +325,81 @@ class ChildReader {
 /// ones as constants.
 class TextLines {
  public:
-    /// The lines of a record.
-    template <class Record>
-    static std::string Of(Record& record) {
-        TextLines lines;
-        record.AddLines(lines);
-        return lines.Take();
-    }
-
-    void Plain(std::string_view label, std::string_view text) {
-        Begin(label, text.size());
+    QUAVERA_INLINE_FOR_SPEED void Plain(std::string_view label, std::string_view text) {
+        Begin(label, text.size() + kLineEnd.size());
         text_.Put(text);
         text_.Put(kLineEnd);
     }
     void Display(std::string_view label, const std::wstring& text) {
-        Begin(label, text.size() * kLargestUtf8);
-        const std::size_t size = NarrowDirectly(text, text_.End());
-        if (size == kUnusualText) {
-            PutUnusual(text);
-        } else {
-            text_.MoveEnd(size);
-        }
-        text_.Put(kLineEnd);
+        Begin(label, 0);
+        EndWith(text);
     }
-    void Number(std::string_view label, int value) { Plain(label, extras::Decimal(value).View()); }
+    void DisplayAfter(std::string_view label, const std::wstring& text) {
+        text_.Append(label);
+        EndWith(text);
+    }
+    void Number(std::string_view label, int value) {
+        Plain(label, quavera::nodes::Decimal(value).View());
+    }
     void Unsigned(std::string_view label, unsigned long value);
     void Flag(std::string_view label, bool value) { Plain(label, zq::ToString(value)); }
-    /// A line for each text.
     void Each(std::string_view label, const std::vector<std::string>& texts);
-    /// The texts, each right behind the prefix, without line ends.
     void Unbroken(std::string_view prefix, const std::vector<std::string>& texts);
 
-    /// The items' own texts, each right behind the prefix.
+    // Records: by their AddLines, see records/Nested.h.
+
+    template <class Record>
+    void Nested(std::string_view label, const Record& record) {
+        Begin(label, 0);
+        AddLines(record, *this);
+        text_.Append(kLineEnd);
+    }
     template <class Item>
-    void Records(std::string_view prefix, std::vector<Item>& items) {
+    void Records(std::string_view prefix, const std::vector<Item>& items) {
         const std::size_t start = text_.Size();
-        for (Item& item : items) {
-            Text(prefix);
-            item.AddLines(*this);
+        for (const Item& item : items) {
+            text_.Append(prefix);
+            AddLines(item, *this);
             if (&item == &items.front()) {
                 ExpectItems(items.size(), text_.Size() - start);
             }
         }
     }
-
-    /// A line with a label that differs from the others' form.
-    void Line(std::string_view label, std::string_view text);
-    /// A text without label and line end.
-    void Text(std::string_view text);
+    template <class Record>
+    void Of(const Record& record) {
+        AddLines(record, *this);
+    }
 
     std::string Take() { return text_.Take(); }
 
  private:
     static constexpr std::string_view kEquals = " = ";
     static constexpr std::string_view kLineEnd = "\r\n";
-    static constexpr std::size_t kLargestUtf8 = 4;  // bytes of a character
 
-    /// Begins a line whose value takes up to that many bytes, with room for its end.
-    void Begin(std::string_view label, std::size_t valueSize) {
-        text_.Reserve(label.size() + kEquals.size() + valueSize + kLineEnd.size());
+    /// Begins a line, with room for that many bytes more.
+    void Begin(std::string_view label, std::size_t room) {
+        text_.Reserve(label.size() + kEquals.size() + room);
         text_.Put(label);
         text_.Put(kEquals);
     }
-    void PutUnusual(const std::wstring& text);
+    void EndWith(const std::wstring& text) {
+        quavera::AppendNarrow(text, &text_);
+        text_.Append(kLineEnd);
+    }
     /// Makes room for items, by the size of the first one: up to what is typical, or one long item
     /// would take as much for each of the others.
     void ExpectItems(std::size_t count, std::size_t firstSize);
 
-    zq::TextBuffer text_;
+    quavera::TextBuffer text_;
 };
+
+/// The log text of a record that has `AddLines`.
+template <class Record>
+std::string LinesOf(const Record& record) {
+    TextLines lines;
+    AddLines(record, lines);
+    return lines.Take();
+}
 
 /// Whether `node` is an element of that name; a null one is not.
 bool IsNamed(ZQXML::INode* node, const std::string& name);

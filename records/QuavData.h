@@ -9,12 +9,6 @@ namespace ZQXML {
 class INode;
 }
 
-/// The key to constructors for items of lists, which only the library's own reader makes.
-class ListItem {
-    friend class ChildReader;
-    ListItem() {}  // NOLINT(modernize-use-equals-default): else `{}` would make one
-};
-
 /// The base of the records, one class for each kind of record that the service returns.
 ///
 /// A record is a plain value. It turns the service's SOAP record into a tree of elements (a static
@@ -25,9 +19,13 @@ class ListItem {
 /// by value. Narrow strings hold UTF-8, wide ones UCS-4. Nothing reports an error: an absent
 /// element leaves its field as it is, an unknown one is ignored, and what a malformed number or
 /// text gives is stated with the node's and the conversions' interface. Only a failed allocation
-/// throws, and then nothing leaks. A SOAP record must not be null unless a class says otherwise.
+/// throws; then nothing leaks, and an item of a list is there with all that it has, or not at all.
+/// A SOAP record must not be null unless a class says otherwise.
 class QUAVERA_API QuavData {
  public:
+    /// Selects the constructor of a record that reserves no room, where the default one does.
+    struct Unreserved {};
+
     virtual ~QuavData();
 
     /// The record as text: a line "label = value\r\n" for each field, nested records in between.

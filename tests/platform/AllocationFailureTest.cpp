@@ -308,15 +308,17 @@ TEST(AllocationFailureInTree, FindingWalkingAndReleasingNeedNoMemory) {
     node->AppendChild(appended.get());
     ZQXML::INode* const child = node->FindChild(name);
     ZQXML::INodeList* const children = node->GetChildren();
-    ZQXML::NodeCopies copies;
     ZQXML::NodeView view;
     EXPECT_EQ(allocation::CountAllocations([&] {
                   node->FindChild(name);
                   node->GetChildren();
                   children->First();
                   children->Next();
-                  node->View(copies);
-                  node->ViewChildren(nullptr, &view, 1, copies);
+                  node->View();
+                  node->GetChildrenIfAny();
+                  children->ViewFirst(&view, 1);
+                  children->ViewNext(&view, 1);
+                  children->CountHint();
                   child->GetValueInt();
                   child->AddRef();
                   node = nullptr;

@@ -80,7 +80,7 @@ TEST(CreateXmlNode, YieldsAnEmptyNode) {
     EXPECT_EQ(node->GetValueInt(), 0);
     EXPECT_EQ(node->GetValueDecoded(), "");
     EXPECT_FALSE(node->IsEncoded());
-    EXPECT_FALSE(node->HasChildren());
+    EXPECT_EQ(node->GetChildrenIfAny(), nullptr);
     EXPECT_EQ(node->FindChild(""), nullptr);
     EXPECT_EQ(node->GetChildren()->First(), nullptr);
 }
@@ -467,31 +467,30 @@ TEST(GetChildren, WalksOverDifferentNodesAreIndependent) {
     EXPECT_EQ(visited, "a:012 b:012 c:012 ");
 }
 
-TEST(HasChildren, IsTrueFromTheFirstChildOn) {
+TEST(GetChildrenIfAny, IsTheListFromTheFirstChildOn) {
     const Tree node = NewNode("parent", "text");
-    EXPECT_FALSE(node->HasChildren());
-    node->GetChildren();
-    EXPECT_FALSE(node->HasChildren());
+    EXPECT_EQ(node->GetChildrenIfAny(), nullptr);
+    ZQXML::INodeList* const list = node->GetChildren();
+    EXPECT_EQ(node->GetChildrenIfAny(), nullptr);
     node->AddChild("a", "");
-    EXPECT_TRUE(node->HasChildren());
-    EXPECT_FALSE(node->FindChild("a")->HasChildren());
+    EXPECT_EQ(node->GetChildrenIfAny(), list);
+    EXPECT_EQ(node->FindChild("a")->GetChildrenIfAny(), nullptr);
 }
 
 TEST(Views, EqualTheCopies) {
     for (const std::string& text : DifficultTexts()) {
         const Tree node = NewNode(text, text);
-        ZQXML::NodeCopies copies;
-        const ZQXML::NodeView view = node->View(copies);
+        const ZQXML::NodeView view = node->View();
         ASSERT_EQ(view.node, node.get());
         ASSERT_EQ(view.Name(), text);
         ASSERT_EQ(view.Text(), text);
+        ASSERT_EQ(view.form, ZQXML::TextForm::kPlain);
     }
 }
 
 TEST(Views, StayValidWhileOthersAreAdded) {
     const Tree node = NewNode("parent", "parent's text");
-    ZQXML::NodeCopies copies;
-    const ZQXML::NodeView view = node->View(copies);
+    const ZQXML::NodeView view = node->View();
     for (int index = 0; index < 1000; ++index) {
         node->AddChild("name" + std::to_string(index), std::string(100, 'x'));
     }
@@ -499,25 +498,44 @@ TEST(Views, StayValidWhileOthersAreAdded) {
     EXPECT_EQ(view.Text(), "parent's text");
 }
 
+TEST(Views, TellWhatTheTextIs) {
+    const Tree node = NewNode("parent");
+    node->AddChild("plain", "Zm9v");
+    node->AddChildEncoded("base64", "Zm9v");
+    node->AddEncoded("bytes", "foo");
+    const auto viewOf = [&node](const char* name) { return node->FindChild(name)->View(); };
+    EXPECT_EQ(viewOf("plain").form, ZQXML::TextForm::kPlain);
+    EXPECT_EQ(viewOf("plain").Text(), "Zm9v");
+    EXPECT_EQ(viewOf("base64").form, ZQXML::TextForm::kBase64);
+    EXPECT_EQ(viewOf("base64").Text(), "Zm9v");
+    EXPECT_EQ(viewOf("bytes").form, ZQXML::TextForm::kBytes);
+    EXPECT_EQ(viewOf("bytes").Text(), "foo");
+}
+
 /// The names of the children of `node`, looked at in parts of that size.
 std::string NamesInParts(ZQXML::INode* node, unsigned int room) {
     std::vector<ZQXML::NodeView> views(room);
-    ZQXML::NodeCopies copies;
     std::string names;
-    ZQXML::INode* last = nullptr;
-    while (const unsigned int count = node->ViewChildren(last, views.data(), room, copies)) {
+    ZQXML::INodeList* const list = node->GetChildren();
+    for (unsigned int count = list->ViewFirst(views.data(), room); count > 0;
+         count = list->ViewNext(views.data(), room)) {
+        EXPECT_LE(count, room);
         for (unsigned int at = 0; at < count; ++at) {
-            EXPECT_EQ(views[at].node->GetName(), views[at].Name());
-            EXPECT_EQ(views[at].node->GetValue(), views[at].Text());
-            names += std::string(views[at].Name()) + ' ';
+            names += views[at].node->GetName() + ' ';
+            if (views[at].form == ZQXML::TextForm::kUnseen) {
+                EXPECT_EQ(count, 1U);
+            } else {
+                EXPECT_EQ(views[at].node->GetName(), views[at].Name());
+                EXPECT_EQ(views[at].node->GetValue(), views[at].Text());
+            }
         }
         names += "| ";
-        last = views[count - 1].node;
     }
+    EXPECT_EQ(list->ViewNext(views.data(), room), 0U);
     return names;
 }
 
-TEST(ViewChildren, ShowsAllInParts) {
+TEST(ViewsOfAList, ShowAllInParts) {
     const Tree node = NewNode("parent");
     EXPECT_EQ(NamesInParts(node.get(), 2), "");
     for (const char* const name : {"a", "b", "c", "d", "e"}) {
@@ -529,16 +547,51 @@ TEST(ViewChildren, ShowsAllInParts) {
     EXPECT_EQ(NamesInParts(node.get(), 6), "a b c d e | ");
 }
 
-TEST(ViewChildren, FollowsChildrenAddedOnTheWay) {
+TEST(ViewsOfAList, FollowChildrenAddedOnTheWay) {
     const Tree node = NewNode("parent");
+    ZQXML::INodeList* const list = node->GetChildren();
     node->AddChild("a", 1);
     ZQXML::NodeView view;
-    ZQXML::NodeCopies copies;
-    ASSERT_EQ(node->ViewChildren(nullptr, &view, 1, copies), 1U);
+    ASSERT_EQ(list->ViewFirst(&view, 1), 1U);
     node->AddChild("b", 2);
-    ASSERT_EQ(node->ViewChildren(view.node, &view, 1, copies), 1U);
+    ASSERT_EQ(list->ViewNext(&view, 1), 1U);
     EXPECT_EQ(view.Name(), "b");
-    EXPECT_EQ(node->ViewChildren(view.node, &view, 1, copies), 0U);
+    EXPECT_EQ(list->ViewNext(&view, 1), 0U);
+}
+
+TEST(ViewsOfAList, ShareTheWalkWithFirstAndNext) {
+    const Tree node = NewNode("parent");
+    for (const char* const name : {"a", "b", "c", "d"}) {
+        node->AddChild(name, name);
+    }
+    ZQXML::INodeList* const list = node->GetChildren();
+    ZQXML::NodeView views[2];
+    ASSERT_EQ(list->First()->GetName(), "a");
+    ASSERT_EQ(list->ViewNext(views, 2), 2U);
+    EXPECT_EQ(views[1].Name(), "c");
+    ASSERT_EQ(list->Next()->GetName(), "d");
+    EXPECT_EQ(list->ViewNext(views, 2), 0U);
+    EXPECT_EQ(list->Next(), nullptr);
+}
+
+TEST(CountHint, IsTheNumberOfChildrenAndDisturbsNoWalk) {
+    const Tree node = NewNode("parent");
+    ZQXML::INodeList* const list = node->GetChildren();
+    EXPECT_EQ(list->CountHint(), 0U);
+    for (const char* const name : {"a", "b", "c"}) {
+        node->AddChild(name, name);
+    }
+    list->First();
+    EXPECT_EQ(list->CountHint(), 3U);
+    EXPECT_EQ(list->Next()->GetName(), "b");
+}
+
+TEST(AddCString, EqualsAddChildOfACString) {
+    const Tree node = NewNode("parent");
+    node->AddCString("a", "text");
+    node->AddCString("b", nullptr);
+    node->AddCString("c", "cut\0here");
+    EXPECT_EQ(TreeText(node.get()), R"("parent"=""("a"="text" "b"="" "c"="cut"))");
 }
 
 TEST(AddText, EqualsAddChild) {
@@ -572,6 +625,21 @@ TEST(AddNumber, IsSignedDecimal) {
     EXPECT_EQ(TreeText(node.get()), R"("parent"=""("a"="0" "b"="2147483647" "c"="-2147483648"))");
 }
 
+TEST(AddUnsigned, IsDecimalModulo32Bits) {
+    const Tree node = NewNode("parent");
+    node->AddUnsigned("a", 0);
+    node->AddUnsigned("b", 4294967295UL);
+    node->AddUnsigned("c", std::numeric_limits<unsigned long>::max());
+    EXPECT_EQ(TreeText(node.get()), R"("parent"=""("a"="0" "b"="4294967295" "c"="4294967295"))");
+}
+
+TEST(AddFlag, IsABooleanText) {
+    const Tree node = NewNode("parent");
+    node->AddFlag("a", true);
+    node->AddFlag("b", false);
+    EXPECT_EQ(TreeText(node.get()), R"("parent"=""("a"="true" "b"="false"))");
+}
+
 TEST(AddEncoded, EncodesAndMarks) {
     const Tree node = NewNode("parent");
     node->AddEncoded("a", "");
@@ -582,22 +650,6 @@ TEST(AddEncoded, EncodesAndMarks) {
     EXPECT_EQ(node->FindChild("b")->GetValue(), "ZgBv");
     EXPECT_TRUE(node->FindChild("b")->IsEncoded());
     EXPECT_EQ(node->FindChild("b")->GetValueDecoded(), std::string("f\0o", 3));
-}
-
-TEST(AddEncoded, IsSeenAsTextOrInPartsAsBytes) {
-    const Tree node = NewNode("parent");
-    node->AddEncoded("a", "foo");
-    node->AddChildEncoded("b", "Zm9v");
-    ZQXML::NodeCopies copies;
-    ZQXML::NodeView views[2];
-    ASSERT_EQ(node->ViewChildren(nullptr, views, 2, copies), 2U);
-    EXPECT_EQ(views[0].Text(), views[0].isInBytes ? "foo" : "Zm9v");
-    EXPECT_EQ(views[1].Text(), "Zm9v");
-    EXPECT_FALSE(views[1].isInBytes);
-    const ZQXML::NodeView whole = views[0].node->View(copies);
-    EXPECT_EQ(whole.Name(), "a");
-    EXPECT_EQ(whole.Text(), "Zm9v");
-    EXPECT_FALSE(whole.isInBytes);
 }
 
 TEST(AddEncoded, EqualsAddChildEncoded) {
@@ -654,53 +706,72 @@ TEST(DefaultBodies, KnowNoMarks) {
     EXPECT_FALSE(child->IsEncoded());
 }
 
-TEST(DefaultBodies, HasChildrenAsksTheList) {
+TEST(DefaultBodies, ChildrenIfAnyAreTheList) {
     const zq::auto_com<FakeNode> node = FakeNode::Create("n");
-    EXPECT_FALSE(node->HasChildren());
-    node->AddChild("a", "");
-    EXPECT_TRUE(node->HasChildren());
+    EXPECT_EQ(node->GetChildrenIfAny(), node->GetChildren());
 }
 
-TEST(DefaultBodies, HasChildrenTakesAMissingListForNone) {
+TEST(DefaultBodies, NodeWithoutAListHasNoChildren) {
     EmptyNode node;
     ASSERT_EQ(node.GetChildren(), nullptr);
-    EXPECT_FALSE(node.HasChildren());
     const Tree parent = NewNode("parent");
     parent->AppendChild(&node);
     EXPECT_EQ(TreeText(parent.get()), R"("parent"=""(""=""))");
+    EXPECT_EQ(ZQXML::WriteXml(&node), "<_/>");
 }
 
-TEST(DefaultBodies, ViewsLieInTheStorage) {
-    const std::string bytes = std::string("zero\0byte", 9);
-    const zq::auto_com<FakeNode> node = FakeNode::Create(bytes, bytes + bytes);
-    ZQXML::NodeCopies copies;
-    const ZQXML::NodeView view = node->View(copies);
-    EXPECT_EQ(view.Name(), bytes);
-    EXPECT_EQ(view.Text(), bytes + bytes);
-    EXPECT_EQ(copies.name, bytes);
-    EXPECT_EQ(copies.text, bytes + bytes);
+TEST(DefaultBodies, ViewShowsNothing) {
+    const zq::auto_com<FakeNode> node = FakeNode::Create("name", "text");
+    const ZQXML::NodeView view = node->View();
+    EXPECT_EQ(view.node, node.get());
+    EXPECT_EQ(view.form, ZQXML::TextForm::kUnseen);
 }
 
-TEST(DefaultBodies, ViewChildrenWalksTheList) {
+TEST(DefaultBodies, ViewsOfAListShowOneAtATime) {
     const zq::auto_com<FakeNode> node = FakeNode::Create("n");
     EXPECT_EQ(NamesInParts(node.get(), 4), "");
     node->AddChild("a", 1);
     node->AddChild("b", 2);
     EXPECT_EQ(NamesInParts(node.get(), 4), "a | b | ");
+    EXPECT_EQ(node->GetChildren()->CountHint(), 0U);
 }
 
-TEST(DefaultBodies, ViewChildrenTakesAMissingListForNone) {
-    EmptyNode node;
-    EXPECT_EQ(NamesInParts(&node, 4), "");
-}
+/// Notes which of the operations that add a child it is given.
+class NotingNode : public EmptyNode {
+ public:
+    void AddChild(const std::string& name, const char* text) override {
+        calls += name + ": C-string " + text + "\n";
+    }
+    void AddChild(const std::string& name, const std::string& text) override {
+        calls += name + ": string " + Quoted(text) + "\n";
+    }
+    void AddChild(const std::string& name, int value) override {
+        calls += name + ": int " + std::to_string(value) + "\n";
+    }
+    void AddChild(const std::string& name, unsigned long value) override {
+        calls += name + ": unsigned " + std::to_string(value) + "\n";
+    }
+    void AddChild(const std::string& name, bool value) override {
+        calls += name + ": bool " + (value ? "1" : "0") + "\n";
+    }
+    void AddChildEncoded(const std::string& name, const std::string& text) override {
+        calls += name + ": encoded " + text + "\n";
+    }
 
-TEST(DefaultBodies, AddByTheRequiredOperations) {
-    const zq::auto_com<FakeNode> node = FakeNode::Create("n");
-    node->AddText("text", "t");
-    node->AddNumber("number", -7);
-    node->AddEncoded("bytes", "foo");
-    node->AppendChild(node->CreateNode("made").get());
-    EXPECT_EQ(TreeText(node.get()), R"("n"=""("text"="t" "number"="-7" "bytes"="Zm9v" "made"=""))");
+    std::string calls;
+};
+
+TEST(DefaultBodies, AddInTheFormThatTheChildHas) {
+    NotingNode node;
+    node.AddCString("a", "text");
+    node.AddText("b", std::string_view("te\0xt", 5));
+    node.AddNumber("c", -7);
+    node.AddUnsigned("d", 4294967295UL);
+    node.AddFlag("e", true);
+    node.AddEncoded("f", "foo");
+    EXPECT_EQ(node.calls,
+              "a: C-string text\nb: string \"te\\x00xt\"\nc: int -7\nd: unsigned 4294967295\n"
+              "e: bool 1\nf: encoded Zm9v\n");
 }
 
 TEST(DefaultBodies, AddRefTakesNoReference) {

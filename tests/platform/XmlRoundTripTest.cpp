@@ -166,8 +166,8 @@ void Grow(Random& random, ZQXML::INode* node, int depth) {
 /// `TreeText` of what reading leaves: blank texts ahead of children go.
 std::string ReadableTreeText(ZQXML::INode* node) {
     const std::string text = node->GetValue();
-    const bool isLost =
-        node->HasChildren() && text.find_first_not_of(" \t\n\r") == std::string::npos;
+    const bool isLost = node->GetChildrenIfAny() != nullptr &&
+                        text.find_first_not_of(" \t\n\r") == std::string::npos;
     std::string result = Quoted(node->GetName()) + '=' + Quoted(isLost ? "" : text);
     result += node->IsEncoded() ? "*" : "";
     ZQXML::INodeList* const children = node->GetChildren();

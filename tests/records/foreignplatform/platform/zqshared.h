@@ -79,7 +79,6 @@ class INode {
     virtual void Release() = 0;
 
     // For the tests: false, and no effect, on a node that is not this platform's.
-    bool HasChildren() { return GetChildren()->First() != nullptr; }
     bool IsEncoded();
     void AddRef();
 

@@ -7,14 +7,14 @@
 namespace {
 
 TEST(TextBuffer, IsEmptyAtFirst) {
-    zq::TextBuffer buffer;
+    quavera::TextBuffer buffer;
     EXPECT_EQ(buffer.Size(), 0U);
     EXPECT_EQ(buffer.View(), "");
     EXPECT_EQ(buffer.Take(), "");
 }
 
 TEST(TextBuffer, KeepsPiecesOfEverySizeInOrder) {
-    zq::TextBuffer buffer;
+    quavera::TextBuffer buffer;
     std::string expected;
     for (std::size_t size = 0; size < 3000; size += 1 + size / 16) {
         const std::string piece(size, static_cast<char>('a' + size % 26));
@@ -27,17 +27,17 @@ TEST(TextBuffer, KeepsPiecesOfEverySizeInOrder) {
 }
 
 TEST(TextBuffer, CountsWhatIsWrittenByOtherMeans) {
-    zq::TextBuffer buffer;
+    quavera::TextBuffer buffer;
     buffer.Append("one ");
-    buffer.Reserve(1000);
-    std::string("two three").copy(buffer.End(), 9);
-    buffer.MoveEnd(3);
+    char* const place = buffer.Reserve(1000);
+    std::string("two three").copy(place, 9);
+    buffer.SetEnd(place + 3);
     buffer.Append("!");
     EXPECT_EQ(buffer.Take(), "one two!");
 }
 
 TEST(TextBuffer, TakesPartsOfItselfWithinItsRoom) {
-    zq::TextBuffer buffer;
+    quavera::TextBuffer buffer;
     buffer.Append("<Name");
     for (int count = 0; count < 200; ++count) {
         buffer.Reserve(4);
@@ -49,7 +49,7 @@ TEST(TextBuffer, TakesPartsOfItselfWithinItsRoom) {
 }
 
 TEST(TextBuffer, ExpectingMoreChangesNothingThatIsWritten) {
-    zq::TextBuffer buffer;
+    quavera::TextBuffer buffer;
     buffer.Append("text");
     buffer.Expect(100000);
     EXPECT_EQ(buffer.View(), "text");
@@ -60,7 +60,7 @@ TEST(TextBuffer, ExpectingMoreChangesNothingThatIsWritten) {
 }
 
 TEST(TextBuffer, CanBeUsedAgainAfterItsTextWasTaken) {
-    zq::TextBuffer buffer;
+    quavera::TextBuffer buffer;
     buffer.Append("the first text, which is too long for a string's own buffer");
     const std::string first = buffer.Take();
     EXPECT_EQ(buffer.Size(), 0U);
@@ -70,7 +70,7 @@ TEST(TextBuffer, CanBeUsedAgainAfterItsTextWasTaken) {
 }
 
 TEST(TextBuffer, ShortTextTakesLittleMemory) {
-    zq::TextBuffer buffer;
+    quavera::TextBuffer buffer;
     buffer.Append("<a/>");
     EXPECT_LT(buffer.Take().capacity(), 256U);
 }

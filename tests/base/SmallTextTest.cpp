@@ -20,13 +20,13 @@ std::string TextOfSize(std::size_t size) {
 TEST(SmallText, IsTheSameInEveryByteOrNot) {
     for (std::size_t size = 0; size <= kLongest; ++size) {
         const std::string text = TextOfSize(size);
-        EXPECT_TRUE(zq::IsSameText(text, std::string(text))) << size;
-        EXPECT_FALSE(zq::IsSameText(text, text + 'x')) << size;
-        EXPECT_FALSE(zq::IsSameText(text + '\0', text)) << size;
+        EXPECT_TRUE(quavera::IsSameText(text, std::string(text))) << size;
+        EXPECT_FALSE(quavera::IsSameText(text, text + 'x')) << size;
+        EXPECT_FALSE(quavera::IsSameText(text + '\0', text)) << size;
         for (std::size_t at = 0; at < size; ++at) {
             std::string other = text;
             other[at] = '\xFF';
-            EXPECT_FALSE(zq::IsSameText(text, other)) << size << " at " << at;
+            EXPECT_FALSE(quavera::IsSameText(text, other)) << size << " at " << at;
         }
     }
 }
@@ -35,7 +35,7 @@ TEST(SmallText, IsCopiedWholeAndNoFurther) {
     for (std::size_t size = 0; size <= kLongest; ++size) {
         const std::string text = TextOfSize(size);
         std::string place(kLongest + 2, '.');
-        EXPECT_EQ(zq::CopyText(text, &place[1]), &place[1 + size]);
+        EXPECT_EQ(quavera::CopyText(text, &place[1]), &place[1 + size]);
         EXPECT_EQ(place, '.' + text + std::string(kLongest + 1 - size, '.'));
     }
 }
