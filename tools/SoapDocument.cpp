@@ -1,11 +1,9 @@
 #include "tools/SoapDocument.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <string_view>
-#include <utility>
 
 #include "platform/zqshared.h"
+#include "tools/SoapRewriter.h"
 
 namespace tool {
 namespace {
@@ -35,131 +33,6 @@ std::string FaultText(ZQXML::INode* fault) {
            (text == nullptr ? std::string("no reason given") : text->GetValue());
 }
 
-std::string Utf8(unsigned long code) {
-    const auto tail = [code](unsigned shift) {
-        return static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
-    };
-    if (code < 0x800) {
-        return {static_cast<char>(0xC0U | (code >> 6U)), tail(0)};
-    }
-    if (code < 0x10000) {
-        return {static_cast<char>(0xE0U | (code >> 12U)), tail(6), tail(0)};
-    }
-    return {static_cast<char>(0xF0U | (code >> 18U)), tail(12), tail(6), tail(0)};
-}
-
-/// A numeric character reference, "&#x1F600;", as the character; one of ASCII in its shortest form.
-std::string Resolve(const std::string& reference) {
-    constexpr int kHexadecimal = 16;
-    constexpr int kDecimal = 10;
-    const bool isHexadecimal = reference[2] == 'x';
-    const unsigned long code = std::strtoul(reference.c_str() + (isHexadecimal ? 3 : 2), nullptr,
-                                            isHexadecimal ? kHexadecimal : kDecimal);
-    return code < 0x80 ? "&#" + std::to_string(code) + ";" : Utf8(code);
-}
-
-std::string_view WithoutPrefix(std::string_view name) {
-    return name.substr(name.rfind(':') + 1);
-}
-
-/// Rewrites a well-formed document so that gSOAP reads it right and in linear time.
-///
-/// - Of a numeric character reference gSOAP takes no more than seven characters and reads the rest
-///   as text: references are resolved.
-/// - Asked to know members by name alone, it refuses prefixed elements that it has no member for:
-///   within the record, names lose their prefixes.
-/// - It keeps a list of all names of attributes, which takes long to search: attributes that mean
-///   nothing in SOAP are left out.
-class Preparation {
- public:
-    explicit Preparation(const std::string& xml) : xml_(xml) { text_.reserve(xml.size()); }
-
-    std::string Run() {
-        while (at_ < xml_.size()) {
-            if (StartsWith("&#")) {
-                const std::size_t start = at_;
-                SkipBehind(";");
-                text_ += Resolve(xml_.substr(start, at_ - start));
-            } else if (StartsWith("<!--") || StartsWith("<?")) {
-                SkipBehind(xml_[at_ + 1] == '?' ? "?>" : "-->");
-            } else if (StartsWith("<![CDATA[")) {
-                const std::size_t start = at_;
-                SkipBehind("]]>");
-                text_.append(xml_, start, at_ - start);
-            } else if (xml_[at_] == '<') {
-                CopyTag();
-            } else {
-                CopyUpTo("&<", at_ + 1);
-            }
-        }
-        return std::move(text_);
-    }
-
- private:
-    bool StartsWith(std::string_view start) const {
-        return xml_.compare(at_, start.size(), start) == 0;
-    }
-    void SkipBehind(std::string_view end) { at_ = xml_.find(end, at_) + end.size(); }
-    void CopyUpTo(const char* ends, std::size_t from) {
-        const std::size_t end = std::min(xml_.find_first_of(ends, from), xml_.size());
-        text_.append(xml_, at_, end - at_);
-        at_ = end;
-    }
-    std::string_view Token(const char* ends) {
-        const std::size_t start = at_;
-        at_ = xml_.find_first_of(ends, at_);
-        return std::string_view(xml_).substr(start, at_ - start);
-    }
-
-    void CopyTag() {
-        const bool isEnd = xml_[at_ + 1] == '/';
-        at_ += isEnd ? 2 : 1;
-        const std::string_view name = Token(" \t\r\n/>");
-        depth_ -= isEnd ? 1 : 0;
-        if (depth_ == 0) {
-            isEnvelope_ = WithoutPrefix(name) == "Envelope";
-        }
-        if (depth_ == 1) {
-            isBody_ = WithoutPrefix(name) == "Body";
-        }
-        const bool isRecord = !isEnvelope_ || (isBody_ && depth_ >= 2);
-        text_ += isEnd ? "</" : "<";
-        text_ += isRecord ? WithoutPrefix(name) : name;
-        while (xml_[at_] != '>' && xml_[at_] != '/') {
-            CopyAttribute();
-        }
-        const bool isEmpty = xml_[at_] == '/';
-        text_ += isEmpty ? "/>" : ">";
-        at_ += isEmpty ? 2 : 1;
-        depth_ += isEnd || isEmpty ? 0 : 1;
-    }
-
-    /// Copies an attribute that means something, with the blanks around it.
-    void CopyAttribute() {
-        at_ = xml_.find_first_not_of(" \t\r\n", at_);
-        if (xml_[at_] == '>' || xml_[at_] == '/') {
-            return;
-        }
-        const std::size_t start = at_;
-        const std::string_view name = Token(" \t\r\n=");
-        at_ = xml_.find_first_of("\"'", at_);
-        at_ = xml_.find(xml_[at_], at_ + 1) + 1;
-        const std::string_view local = WithoutPrefix(name);
-        const bool isNamespace = name.substr(0, 5) == "xmlns";
-        if (isNamespace || local == "nil" || local == "type" || local == "mustUnderstand") {
-            text_ += ' ';
-            text_.append(xml_, start, at_ - start);
-        }
-    }
-
-    const std::string& xml_;
-    std::string text_;
-    std::size_t at_ = 0;
-    int depth_ = 0;
-    bool isEnvelope_ = false;
-    bool isBody_ = false;
-};
-
 }  // namespace
 
 bool SoapDocument::Open(std::string text, const std::string& where, Failure* failure) {
@@ -183,7 +56,7 @@ bool SoapDocument::Open(std::string text, const std::string& where, Failure* fai
         *failure = {where, FaultText(record)};
         return false;
     }
-    text_ = Preparation(text).Run();
+    text_ = RewriteForGsoap(text);
     where_ = where;
     return true;
 }
