@@ -1,16 +1,17 @@
 #include "tools/Catalog.h"
 
+#include "tools/Files.h"
+
 namespace tool {
 namespace {
 
-bool FindSample(const std::string& path, std::string* document) {
+const SampleDocument* FindSample(const std::string& path) {
     for (std::size_t at = 0; at < kSampleDocumentCount; ++at) {
         if (kSampleDocuments[at].path == path) {
-            *document = kSampleDocuments[at].text;
-            return true;
+            return &kSampleDocuments[at];
         }
     }
-    return false;
+    return nullptr;
 }
 
 /// Whether an identifier is a plain file name: none that is hidden, or a way to another folder.
@@ -21,18 +22,19 @@ bool IsFileName(const std::string& id) {
 
 }  // namespace
 
-bool Catalog::Find(std::string_view record, const std::string& id, std::string* document,
-                   Failure* failure) const {
+Result<std::string> Catalog::Find(std::string_view kind, const std::string& id) const {
     const std::string name = id.empty() ? "default" : id;
-    const std::string path = std::string(record) + "/" + name + ".xml";
-    Failure unreadable;
-    const bool isFound = IsFileName(name) &&
-                         (folder_.empty() ? FindSample(path, document)
-                                          : ReadFile(folder_ + "/" + path, document, &unreadable));
-    if (!isFound) {
-        *failure = {std::string(record), "no such identifier: \"" + name + "\""};
+    const std::string path = std::string(kind) + "/" + name + ".xml";
+    const Failure unknown = {std::string(kind), "no such identifier: \"" + name + "\""};
+    if (!IsFileName(name)) {
+        return unknown;
     }
-    return isFound;
+    if (folder_.empty()) {
+        const SampleDocument* const sample = FindSample(path);
+        return sample == nullptr ? unknown : Result<std::string>(std::string(sample->text));
+    }
+    Result<std::string> file = ReadFile(folder_ + "/" + path);
+    return file ? std::move(file) : unknown;
 }
 
 }  // namespace tool

@@ -3,8 +3,9 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
-#include "tools/Files.h"
+#include "tools/Result.h"
 
 namespace tool {
 
@@ -14,13 +15,12 @@ class Catalog {
  public:
     /// The sample catalogue that is built into the tool.
     Catalog() = default;
-    /// A folder with files `RECORD/ID.xml`.
+    /// A folder with files `KIND/ID.xml`.
     explicit Catalog(std::string folder) : folder_(std::move(folder)) {}
 
-    /// Finds a document. False with a reason; identifiers that would lead out of the folder are
-    /// as unknown as any other.
-    bool Find(std::string_view record, const std::string& id, std::string* document,
-              Failure* failure) const;
+    /// The text of a document. Identifiers that would lead out of the folder are as unknown as any
+    /// other.
+    Result<std::string> Find(std::string_view kind, const std::string& id) const;
 
  private:
     std::string folder_;  // empty: the samples

@@ -5,11 +5,12 @@
 
 #include <atomic>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <utility>
 #include <vector>
 
+#include "tools/Files.h"
+#include "tools/Service.h"
 #include "tools/StandIn.h"
 
 namespace tool {
@@ -17,46 +18,30 @@ namespace {
 
 std::atomic<bool> stopServing = false;
 
-bool IsFolder(const std::string& path, Failure* failure) {
+Result<Done> CheckFolder(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {
-        *failure = {path, std::strerror(errno)};
-        return false;
+        return Failure{path, std::strerror(errno)};
     }
     if (!S_ISDIR(status.st_mode)) {
-        *failure = {path, std::strerror(ENOTDIR)};
-        return false;
+        return Failure{path, std::strerror(ENOTDIR)};
     }
-    return true;
+    return Done();
 }
 
-/// One tree as an element tree, or as log text by way of the tree's text form.
-Output PrintTree(const RecordClass& record, ZQXML::INode* tree, const std::string& where, Form form,
-                 Failure* failure) {
-    const std::string xml = ZQXML::WriteXml(tree, form == Form::kIndentedTree);
-    return form == Form::kText ? PrintText(xml, where, &record, failure) : xml + "\n";
-}
-
-/// The records of a list answer, one after the other.
-Output PrintList(const std::string& soap, const std::string& where, const RecordClass& record,
-                 Form form, Failure* failure) {
-    SoapDocument document;
-    std::vector<Tree> trees;
-    if (!document.Open(soap, where, failure)) {
-        return std::nullopt;
-    }
-    if (document.RecordElement() != record.listElement) {
-        *failure = WrongElement(where, document.RecordElement(), "the list", record.listElement);
-        return std::nullopt;
-    }
-    if (!record.toTrees(document, &trees, failure)) {
-        return std::nullopt;
+/// Records one after the other, as element trees or as log text by way of the trees' text form.
+Result<std::string> PrintTrees(const Result<Trees>& trees, const RecordClass& record,
+                               const std::string& where, Form form) {
+    if (!trees) {
+        return trees.failure();
     }
     std::string all;
-    for (const Tree& tree : trees) {
-        const Output one = PrintTree(record, tree.get(), where, form, failure);
+    for (const Tree& tree : *trees) {
+        const std::string xml = ZQXML::WriteXml(tree.get(), form == Form::kIndentedTree);
+        const Result<std::string> one =
+            form == Form::kText ? PrintText(xml, where, &record) : xml + "\n";
         if (!one) {
-            return std::nullopt;
+            return one;
         }
         all += *one;
     }
@@ -65,59 +50,65 @@ Output PrintList(const std::string& soap, const std::string& where, const Record
 
 }  // namespace
 
-Output PrintSoap(const std::string& soap, const std::string& where, const RecordClass* chosen,
-                 Form form, Failure* failure) {
-    SoapDocument document;
-    if (!document.Open(soap, where, failure)) {
-        return std::nullopt;
+Result<std::string> PrintSoap(const std::string& soap, const std::string& where,
+                              const RecordClass* chosen, Form form) {
+    const Result<SoapDocument> document = SoapDocument::Open(soap, where);
+    if (!document) {
+        return document.failure();
     }
-    const RecordClass* const record =
-        ClassOfSoapElement(document.RecordElement(), chosen, where, failure);
-    const Tree tree = record == nullptr ? nullptr : record->toTree(document, failure);
-    return tree ? PrintTree(*record, tree.get(), where, form, failure) : std::nullopt;
+    const Result<const RecordClass*> record =
+        ClassOfElement(&RecordClass::soapElement, document->RecordElement(), chosen, where);
+    return record ? PrintTrees((*record)->toTrees(*document), **record, where, form)
+                  : record.failure();
 }
 
-Output PrintText(const std::string& xml, const std::string& where, const RecordClass* chosen,
-                 Failure* failure) {
-    std::string error;
-    Tree tree = ZQXML::ParseXml(xml, &error);
+Result<std::string> PrintText(const std::string& xml, const std::string& where,
+                              const RecordClass* chosen) {
+    Result<Tree> tree = ParseTree(xml, where);
     if (!tree) {
-        *failure = {where, error};
-        return std::nullopt;
+        return tree.failure();
     }
-    const RecordClass* const record = ClassOfTreeElement(tree->GetName(), chosen, where, failure);
-    if (record == nullptr) {
-        return std::nullopt;
-    }
-    return record->toText(std::move(tree));
+    const Result<const RecordClass*> record =
+        ClassOfElement(&RecordClass::treeElement, (*tree)->GetName(), chosen, where);
+    return record ? (*record)->toText(std::move(*tree)) : Result<std::string>(record.failure());
 }
 
-Output Fetch(const Operation& operation, const std::string& endpoint, const std::string& id,
-             Form form, Failure* failure) {
-    std::string answer;
-    if (!Ask(operation, endpoint, id, &answer, failure)) {
-        return std::nullopt;
+Result<std::string> Fetch(const RecordClass& record, const std::string& endpoint,
+                          const std::string& id, Form form) {
+    const Result<std::string> answer = Ask(record, endpoint, id);
+    if (!answer) {
+        return answer;
     }
-    const RecordClass& record = *FindRecordClass(operation.recordClass);
-    return record.listElement.empty() ? PrintSoap(answer, endpoint, &record, form, failure)
-                                      : PrintList(answer, endpoint, record, form, failure);
+    const Result<SoapDocument> document = SoapDocument::Open(*answer, endpoint);
+    if (!document) {
+        return document.failure();
+    }
+    const std::string_view expected = record.answerElement;
+    if (document->RecordElement() != expected) {
+        const bool isList = expected != record.soapElement;
+        return WrongElement(endpoint, document->RecordElement(), isList ? "the list" : record.name,
+                            expected);
+    }
+    return PrintTrees(record.answerToTrees(*document), record, endpoint, form);
 }
 
-bool Serve(const std::string& host, int port, const std::string& folder, Failure* failure) {
-    if (!folder.empty() && !IsFolder(folder, failure)) {
-        return false;
+Result<Done> Serve(const std::string& host, int port, const std::string& folder) {
+    const Result<Done> usable = folder.empty() ? Result<Done>(Done()) : CheckFolder(folder);
+    if (!usable) {
+        return usable;
     }
     StandIn service(folder.empty() ? Catalog() : Catalog(folder));
     // Ahead of the line below: whoever reads it may end this process at once.
     const auto stop = [](int /*signal*/) { stopServing = true; };
     std::signal(SIGINT, stop);
     std::signal(SIGTERM, stop);
-    if (!service.Listen(host, port, failure) ||
-        !WriteOutput("listening on " + service.Endpoint() + "\n", failure)) {
-        return false;
+    const Result<Done> listening = service.Listen(host, port);
+    const Result<Done> announced =
+        listening ? WriteOutput("listening on " + service.Endpoint() + "\n") : listening;
+    if (announced) {
+        service.Serve(stopServing);
     }
-    service.Serve(stopServing);
-    return true;
+    return announced;
 }
 
 }  // namespace tool

@@ -5,61 +5,62 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <thread>
+#include <utility>
 
 #include "tools/Commands.h"
+#include "tools/Files.h"
 #include "tools/StandIn.h"
 
 namespace tool {
 namespace {
 
-constexpr char kRecord[] = "album";
+constexpr char kKind[] = "album";
 constexpr char kId[] = "Alb.40013100";
-
-struct CloseStream {
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-using Stream = std::unique_ptr<std::FILE, CloseStream>;
-
-bool Report(const Failure& failure) {
-    std::fprintf(stderr, "quavera: %s\n", Message(failure).c_str());
-    return false;
-}
+constexpr char kReceiver[] = "second process";  // in messages
 
 /// The second process: reads a tree as text, fills the record from it and prints its log text.
-bool Receive(std::FILE* trees) {
-    Failure failure;
-    std::string tree;
-    if (!ReadStream(trees, "pipe", &tree, &failure)) {
-        return Report(failure);
+/// Returns its exit status.
+int Receive(std::FILE* trees) {
+    const Result<std::string> tree = ReadStream(trees, "pipe");
+    if (tree && tree->empty()) {
+        return EXIT_FAILURE;  // the sender has nothing to send, and says why
     }
-    if (tree.empty()) {
-        return false;  // the sender has nothing to send, and says why
+    const Result<std::string> text = tree ? PrintText(*tree, "pipe", nullptr) : tree;
+    const Result<Done> written = text ? WriteOutput(*text) : text.failure();
+    if (!written) {
+        Report(written.failure());
     }
-    const Output text = PrintText(tree, "pipe", nullptr, &failure);
-    return text && WriteOutput(*text, &failure) ? true : Report(failure);
+    return written ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-/// Starts the second process and gives the writing end of its pipe. To be called while this
-/// process has a single thread.
-Stream StartReceiver(pid_t* process) {
+/// The second process, as the first one sees it.
+struct Receiver {
+    pid_t process;
+    Stream trees;  // the writing end of its pipe
+};
+
+/// Starts the second process. To be called while this process has a single thread.
+Result<Receiver> StartReceiver() {
     std::array<int, 2> ends;
     if (pipe(ends.data()) != 0) {
-        return nullptr;
+        return Failure{kReceiver, std::strerror(errno)};
     }
-    *process = fork();
-    if (*process == 0) {
+    const pid_t process = fork();
+    if (process == 0) {
         close(ends[1]);
         const Stream trees(fdopen(ends[0], "rb"));
-        _exit(trees != nullptr && Receive(trees.get()) ? EXIT_SUCCESS : EXIT_FAILURE);
+        _exit(trees == nullptr ? EXIT_FAILURE : Receive(trees.get()));
     }
+    const int reason = errno;
     close(ends[0]);
     Stream trees(fdopen(ends[1], "wb"));
-    return *process < 0 ? nullptr : std::move(trees);
+    if (process < 0) {
+        return Failure{kReceiver, std::strerror(reason)};
+    }
+    return Receiver{process, std::move(trees)};
 }
 
 /// Lets a service serve for as long as the object lives.
@@ -80,37 +81,42 @@ class ServiceThread {
 };
 
 /// Asks a stand-in service, on a free port of this machine, for the demonstration's record.
-Output FetchTree(Failure* failure) {
+Result<std::string> FetchTree() {
     StandIn service{Catalog()};
-    if (!service.Listen("127.0.0.1", 0, failure)) {
-        return std::nullopt;
+    const Result<Done> listening = service.Listen("127.0.0.1", 0);
+    if (!listening) {
+        return listening.failure();
     }
     const ServiceThread thread(&service);
-    return Fetch(*FindOperation(kRecord), service.Endpoint(), kId, Form::kIndentedTree, failure);
+    return Fetch(*FindClass(&RecordClass::kind, kKind), service.Endpoint(), kId,
+                 Form::kIndentedTree);
+}
+
+/// Prints the record's tree and hands it to the second process.
+Result<Done> Send(std::FILE* trees) {
+    const Result<std::string> tree = FetchTree();
+    const Result<Done> printed = tree ? WriteOutput(*tree) : tree.failure();
+    return printed ? WriteStream(trees, kReceiver, *tree) : printed;
 }
 
 }  // namespace
 
-bool Demo(Failure* failure) {
-    pid_t process = -1;
-    Stream trees = StartReceiver(&process);
-    if (trees == nullptr) {
-        *failure = {"second process", std::strerror(errno)};
-        return false;
+Result<Done> Demo() {
+    Result<Receiver> receiver = StartReceiver();
+    if (!receiver) {
+        return receiver.failure();
     }
-    const Output tree = FetchTree(failure);
-    const bool isFetched = tree && WriteOutput(*tree, failure);
-    const bool isSent = isFetched && WriteStream(trees.get(), "second process", *tree, failure);
-    trees.reset();
+    const Result<Done> sent = Send(receiver->trees.get());
+    receiver->trees.reset();
     int status = EXIT_FAILURE;
-    waitpid(process, &status, 0);
+    waitpid(receiver->process, &status, 0);
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGPIPE) {
         std::raise(SIGPIPE);  // nobody reads the output any more: end like the second process
     }
-    if (isSent && status != EXIT_SUCCESS) {
-        *failure = {"second process", "it did not render the record"};
+    if (sent && status != EXIT_SUCCESS) {
+        return Failure{kReceiver, "it did not render the record"};
     }
-    return isSent && status == EXIT_SUCCESS;
+    return sent;
 }
 
 }  // namespace tool

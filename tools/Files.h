@@ -2,34 +2,35 @@
 #define QUAVERA_TOOLS_FILES_H_
 
 #include <cstdio>
+#include <memory>
 #include <string>
+
+#include "tools/Result.h"
 
 namespace tool {
 
-/// Why something failed: where (a file, an endpoint, an element) and what.
-struct Failure {
-    std::string where;
-    std::string what;
+struct CloseStream {
+    void operator()(std::FILE* stream) const { std::fclose(stream); }
 };
-
-/// The failure on one line: "where: what".
-std::string Message(const Failure& failure);
+using Stream = std::unique_ptr<std::FILE, CloseStream>;
 
 /// How messages name what is read from `path`.
 std::string DisplayName(const std::string& path);
 
-/// Reads a file whole into `text`; "-" is standard input. False with a reason when it cannot.
-bool ReadFile(const std::string& path, std::string* text, Failure* failure);
+/// The whole contents of a file; "-" is standard input.
+Result<std::string> ReadFile(const std::string& path);
 
 /// The same of an open stream, which messages call `name`.
-bool ReadStream(std::FILE* stream, const std::string& name, std::string* text, Failure* failure);
+Result<std::string> ReadStream(std::FILE* stream, const std::string& name);
 
-/// Writes all of `text`, to the last byte. False with a reason when it cannot.
-bool WriteStream(std::FILE* stream, const std::string& name, const std::string& text,
-                 Failure* failure);
+/// Writes all of `text`, to the last byte.
+Result<Done> WriteStream(std::FILE* stream, const std::string& name, const std::string& text);
 
 /// The same to standard output.
-bool WriteOutput(const std::string& text, Failure* failure);
+Result<Done> WriteOutput(const std::string& text);
+
+/// Tells the user of a failure, on standard error.
+void Report(const Failure& failure);
 
 }  // namespace tool
 

@@ -1,44 +1,57 @@
 #include "tools/RecordClasses.h"
 
 #include <algorithm>
-#include <utility>
 
-#include "records/DataAccountProperties.h"
-#include "records/DataAlbum.h"
-#include "records/DataAlbumLite.h"
-#include "records/DataAlbumReview.h"
-#include "records/DataArtist.h"
-#include "records/DataArtistLite.h"
-#include "records/DataGenre.h"
-#include "records/DataGenreLite.h"
-#include "records/DataImage.h"
-#include "records/DataIndex.h"
-#include "records/DataLibraryModificationResult.h"
-#include "records/DataMemberLibrary.h"
-#include "records/DataMemberLibraryLite.h"
-#include "records/DataPlaylist.h"
-#include "records/DataPlaylistLite.h"
-#include "records/DataStation.h"
-#include "records/DataStationLite.h"
-#include "records/DataTrackInfo.h"
+#include "RecordHeaders.h"
 
 namespace tool {
 namespace {
 
-/// Which node a class's `FromXML` expects.
-enum class Reads { kElement, kParent };
-
-template <class Record, class Soap>
-Tree ToTree(const SoapDocument& document, Failure* failure) {
-    SoapContext context;
-    Soap soap;
-    return document.Decode(&context, &soap, failure) ? Record::ToXML(&soap) : nullptr;
+/// The name on the wire of the SOAP class "Quavera2__AlbumMetadata": what stands after the prefix.
+constexpr std::string_view ElementOf(std::string_view soapClass) {
+    return soapClass.substr(soapClass.find("__") + 2);
 }
 
-template <class Record, Reads kReads>
+/// Of a document that holds one record.
+template <class Record, class Soap>
+Result<Trees> ToTree(const SoapDocument& document) {
+    SoapContext context;
+    Soap soap;
+    const Result<Done> decoded = document.Decode(&context, &soap);
+    if (!decoded) {
+        return decoded.failure();
+    }
+    Trees trees;
+    trees.push_back(Record::ToXML(&soap));
+    return trees;
+}
+
+/// Of a document that holds a list, with the records in the member `kItems`.
+template <class Record, class List, auto kItems>
+Result<Trees> ToTrees(const SoapDocument& document) {
+    SoapContext context;
+    List list;
+    const Result<Done> decoded = document.Decode(&context, &list);
+    if (!decoded) {
+        return decoded.failure();
+    }
+    Trees trees;
+    const auto* const wrapper = list.*kItems;
+    for (int at = 0; wrapper != nullptr && at < wrapper->count; ++at) {
+        if (wrapper->items[at] != nullptr) {
+            trees.push_back(Record::ToXML(wrapper->items[at]));
+        }
+    }
+    return trees;
+}
+
+/// Which node a class's `FromXML` expects.
+enum class Node { kElement, kParent };
+
+template <class Record, Node kNode>
 std::string ToText(Tree element) {
     Record record;
-    if (kReads == Reads::kElement) {
+    if (kNode == Node::kElement) {
         record.FromXML(element.get());
     } else {
         const Tree parent = ZQXML::CreateXmlNode();
@@ -48,124 +61,56 @@ std::string ToText(Tree element) {
     return record.ToString();
 }
 
-template <class Record, class Soap, Reads kReads = Reads::kElement>
-constexpr RecordClass Describe(std::string_view name, std::string_view soapElement,
-                               std::string_view treeElement) {
-    return {name, soapElement, treeElement, ToTree<Record, Soap>, ToText<Record, kReads>,
-            "",   nullptr};
-}
-
-template <class Record, class List, auto kWrapper>
-bool ToTrees(const SoapDocument& document, std::vector<Tree>* trees, Failure* failure) {
-    SoapContext context;
-    List list;
-    if (!document.Decode(&context, &list, failure)) {
-        return false;
-    }
-    const auto* const wrapper = list.*kWrapper;
-    for (int at = 0; wrapper != nullptr && at < wrapper->count; ++at) {
-        if (wrapper->items[at] != nullptr) {
-            trees->push_back(Record::ToXML(wrapper->items[at]));
-        }
-    }
-    return true;
-}
-
-/// The record, which comes as an item of the list's member `kWrapper`.
-template <class Record, class List, auto kWrapper>
-constexpr RecordClass InList(RecordClass record, std::string_view listElement) {
-    record.listElement = listElement;
-    record.toTrees = ToTrees<Record, List, kWrapper>;
-    return record;
-}
-
-const RecordClass* Choose(std::string_view element, std::string_view RecordClass::*elementOf,
-                          const RecordClass* chosen, const std::string& where, Failure* failure) {
-    if (chosen != nullptr) {
-        if (chosen->*elementOf == element) {
-            return chosen;
-        }
-        *failure = WrongElement(where, element, chosen->name, chosen->*elementOf);
-        return nullptr;
-    }
-    for (const RecordClass& candidate : RecordClasses()) {
-        if (candidate.*elementOf == element) {
-            return &candidate;
-        }
-    }
-    *failure = {where, "no record class is made of \"" + std::string(element) + "\""};
-    return nullptr;
-}
-
 }  // namespace
 
+// One line of Records.def is one entry of the table. A lambda each, for the names that NONE, ONE
+// and LIST use.
+#define QUAVERA_RECORD(Class, Soap, element, node, answer)                            \
+    [] {                                                                              \
+        using Record = Class;                                                         \
+        constexpr std::string_view kElement = ElementOf(#Soap);                       \
+        constexpr auto kToTrees = ToTree<Record, Quavera::Soap>;                      \
+        return RecordClass{                                                           \
+            #Class, kElement, element, kToTrees, ToText<Record, Node::node>, answer}; \
+    }(),
+#define SENT(kind, request) #kind, Quavera::soap_send_Quavera2__##request
+#define NONE "", nullptr, "", nullptr
+#define ONE(kind, request) SENT(kind, request), kElement, kToTrees
+#define LIST(kind, request, List, items) \
+    SENT(kind, request), ElementOf(#List), ToTrees<Record, Quavera::List, &Quavera::List::items>
+
 const std::vector<RecordClass>& RecordClasses() {
-    using namespace Quavera;  // NOLINT(google-build-using-namespace): for one line a class
     static const std::vector<RecordClass> classes = {
-        Describe<DataTrackInfo, Quavera2__LiteTrackMetadata>("DataTrackInfo", "LiteTrackMetadata",
-                                                             "Track"),
-        Describe<DataAlbum, Quavera2__AlbumMetadata, Reads::kParent>("DataAlbum", "AlbumMetadata",
-                                                                     "Album"),
-        Describe<DataAlbumLite, Quavera2__LiteAlbumMetadata>("DataAlbumLite", "LiteAlbumMetadata",
-                                                             "Album"),
-        Describe<DataArtist, Quavera2__ArtistMetadata>("DataArtist", "ArtistMetadata", "Artist"),
-        Describe<DataArtistLite, Quavera2__LiteArtistMetadata>("DataArtistLite",
-                                                               "LiteArtistMetadata", "Artist"),
-        Describe<DataGenre, Quavera2__GenreMetadata>("DataGenre", "GenreMetadata", "Genre"),
-        Describe<DataGenreLite, Quavera2__LiteGenreMetadata>("DataGenreLite", "LiteGenreMetadata",
-                                                             "GenreLite"),
-        Describe<DataPlaylist, Quavera2__PlaylistMetadata>("DataPlaylist", "PlaylistMetadata",
-                                                           "Playlist"),
-        Describe<DataPlaylistLite, Quavera2__LitePlaylistMetadata>(
-            "DataPlaylistLite", "LitePlaylistMetadata", "Playlist"),
-        Describe<DataStation, Quavera2__StationMetadata>("DataStation", "StationMetadata",
-                                                         "Station"),
-        Describe<DataStationLite, Quavera2__LiteStationMetadata>("DataStationLite",
-                                                                 "LiteStationMetadata", "Station"),
-        Describe<DataMemberLibrary, Quavera2__MemberLibrary, Reads::kParent>(
-            "DataMemberLibrary", "MemberLibrary", "MemberLibrary"),
-        Describe<DataMemberLibraryLite, Quavera5__LiteMemberLibrary>(
-            "DataMemberLibraryLite", "LiteMemberLibrary", "MemberLibraryLite"),
-        Describe<DataAccountProperties, Quavera2__AccountMetaData, Reads::kParent>(
-            "DataAccountProperties", "AccountMetaData", "AccountProperties"),
-        Describe<DataAlbumReview, Quavera2__AlbumReviewMetadata, Reads::kParent>(
-            "DataAlbumReview", "AlbumReviewMetadata", "AlbumReview"),
-        InList<DataImage, Quavera2__Images, &Quavera2__Images::images>(
-            Describe<DataImage, Quavera2__ImageMetadata>("DataImage", "ImageMetadata", "Image"),
-            "Images"),
-        InList<DataIndex, Quavera2__AlphaIndex, &Quavera2__AlphaIndex::positions>(
-            Describe<DataIndex, Quavera2__AlphaIndexPosition>("DataIndex", "AlphaIndexPosition",
-                                                              "Index"),
-            "AlphaIndex"),
-        Describe<DataLibraryModificationResult, Quavera2__LibraryModificationResult>(
-            "DataLibraryModificationResult", "LibraryModificationResult", "LibraryModification"),
+#include "records/Records.def"
     };
     return classes;
+}
+
+const RecordClass* FindClass(std::string_view RecordClass::*key, std::string_view value) {
+    const std::vector<RecordClass>& classes = RecordClasses();
+    const auto found =
+        std::find_if(classes.begin(), classes.end(),
+                     [key, value](const RecordClass& each) { return each.*key == value; });
+    return found == classes.end() ? nullptr : &*found;
+}
+
+Result<const RecordClass*> ClassOfElement(std::string_view RecordClass::*key,
+                                          std::string_view element, const RecordClass* chosen,
+                                          const std::string& where) {
+    if (chosen != nullptr && chosen->*key != element) {
+        return WrongElement(where, element, chosen->name, chosen->*key);
+    }
+    const RecordClass* const found = chosen == nullptr ? FindClass(key, element) : chosen;
+    if (found == nullptr) {
+        return Failure{where, "no record class is made of \"" + std::string(element) + "\""};
+    }
+    return found;
 }
 
 Failure WrongElement(const std::string& where, std::string_view element, std::string_view maker,
                      std::string_view expected) {
     return {where, "the record is \"" + std::string(element) + "\", but " + std::string(maker) +
                        " is made of \"" + std::string(expected) + "\""};
-}
-
-const RecordClass* FindRecordClass(std::string_view name) {
-    for (const RecordClass& candidate : RecordClasses()) {
-        if (candidate.name == name) {
-            return &candidate;
-        }
-    }
-    return nullptr;
-}
-
-const RecordClass* ClassOfSoapElement(std::string_view element, const RecordClass* chosen,
-                                      const std::string& where, Failure* failure) {
-    return Choose(element, &RecordClass::soapElement, chosen, where, failure);
-}
-
-const RecordClass* ClassOfTreeElement(std::string_view element, const RecordClass* chosen,
-                                      const std::string& where, Failure* failure) {
-    return Choose(element, &RecordClass::treeElement, chosen, where, failure);
 }
 
 }  // namespace tool

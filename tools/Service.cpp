@@ -1,71 +1,41 @@
 #include "tools/Service.h"
 
 namespace tool {
-
-const std::vector<Operation>& Operations() {
-    static const std::vector<Operation> operations = {
-        {"track", "DataTrackInfo", Quavera::soap_send_Quavera2__getTrack},
-        {"album", "DataAlbum", Quavera::soap_send_Quavera2__getAlbum},
-        {"artist", "DataArtist", Quavera::soap_send_Quavera2__getArtist},
-        {"genre", "DataGenre", Quavera::soap_send_Quavera2__getGenre},
-        {"playlist", "DataPlaylist", Quavera::soap_send_Quavera2__getPlaylist},
-        {"station", "DataStation", Quavera::soap_send_Quavera2__getStation},
-        {"library", "DataMemberLibrary", Quavera::soap_send_Quavera2__getLibrary},
-        {"account", "DataAccountProperties", Quavera::soap_send_Quavera2__getAccount},
-        {"review", "DataAlbumReview", Quavera::soap_send_Quavera2__getReview},
-        {"images", "DataImage", Quavera::soap_send_Quavera2__getImages},
-        {"index", "DataIndex", Quavera::soap_send_Quavera2__getIndex},
-        {"modification", "DataLibraryModificationResult",
-         Quavera::soap_send_Quavera2__getModification},
-    };
-    return operations;
-}
-
-const Operation* FindOperation(std::string_view record) {
-    for (const Operation& operation : Operations()) {
-        if (operation.record == record) {
-            return &operation;
-        }
-    }
-    return nullptr;
-}
-
 namespace {
 
 /// Reads an answer's body as it comes. The generated receiver would read an empty body as an empty
 /// record and pass over malformed XML.
-bool ReadBody(struct soap* soap, std::string* body) {
+Result<std::string> ReadBody(struct soap* soap, const std::string& endpoint) {
     const bool isChunked = (soap->mode & SOAP_IO) == SOAP_IO_CHUNK;
     if (soap->length == 0 && !isChunked) {
         // Of unknown length: it ends with the connection.
-        body->clear();
+        std::string body;
         for (soap_wchar byte = soap_getchar(soap); byte != EOF; byte = soap_getchar(soap)) {
-            body->push_back(static_cast<char>(byte));
+            body.push_back(static_cast<char>(byte));
         }
-        return true;
+        return body;
     }
     std::size_t size = 0;
     const char* const text = soap_http_get_body(soap, &size);
-    if (text != nullptr) {
-        body->assign(text, size);
-        soap_end_recv(soap);
+    if (text == nullptr) {
+        return Failure{endpoint, DescribeTransportError(soap)};
     }
-    return text != nullptr;
+    soap_end_recv(soap);
+    return std::string(text, size);
 }
 
 }  // namespace
 
-bool Ask(const Operation& operation, const std::string& endpoint, const std::string& id,
-         std::string* answer, Failure* failure) {
+Result<std::string> Ask(const RecordClass& record, const std::string& endpoint,
+                        const std::string& id) {
     SoapContext context;
     struct soap* const soap = context.get();
-    const bool isAnswered = operation.send(soap, endpoint.c_str(), nullptr, id) == SOAP_OK &&
-                            soap_begin_recv(soap) == SOAP_OK && ReadBody(soap, answer);
-    if (!isAnswered) {
-        *failure = {endpoint, DescribeTransportError(soap)};
-    }
+    const bool isAnswered = record.send(soap, endpoint.c_str(), nullptr, id) == SOAP_OK &&
+                            soap_begin_recv(soap) == SOAP_OK;
+    Result<std::string> answer =
+        isAnswered ? ReadBody(soap, endpoint) : Failure{endpoint, DescribeTransportError(soap)};
     soap_closesock(soap);
-    return isAnswered;
+    return answer;
 }
 
 }  // namespace tool

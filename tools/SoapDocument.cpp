@@ -1,8 +1,8 @@
 #include "tools/SoapDocument.h"
 
 #include <string_view>
+#include <utility>
 
-#include "platform/zqshared.h"
 #include "tools/SoapRewriter.h"
 
 namespace tool {
@@ -35,30 +35,33 @@ std::string FaultText(ZQXML::INode* fault) {
 
 }  // namespace
 
-bool SoapDocument::Open(std::string text, const std::string& where, Failure* failure) {
+Result<Tree> ParseTree(const std::string& xml, const std::string& where) {
     std::string error;
-    const auto root = ZQXML::ParseXml(text, &error);
+    Tree tree = ZQXML::ParseXml(xml, &error);
+    return tree ? Result<Tree>(std::move(tree)) : Failure{where, error};
+}
+
+Result<SoapDocument> SoapDocument::Open(const std::string& text, const std::string& where) {
+    const Result<Tree> root = ParseTree(text, where);
     if (!root) {
-        *failure = {where, error};
-        return false;
+        return root.failure();
     }
-    ZQXML::INode* record = root.get();
+    ZQXML::INode* record = root->get();
     if (LocalName(record) == "Envelope") {
         ZQXML::INode* const body = FindLocal(record, "Body");
         record = body == nullptr ? nullptr : body->GetChildren()->First();
     }
     if (record == nullptr) {
-        *failure = {where, "the SOAP envelope holds no record"};
-        return false;
+        return Failure{where, "the SOAP envelope holds no record"};
     }
-    recordElement_ = LocalName(record);
-    if (recordElement_ == "Fault") {
-        *failure = {where, FaultText(record)};
-        return false;
+    SoapDocument document;
+    document.recordElement_ = LocalName(record);
+    if (document.recordElement_ == "Fault") {
+        return Failure{where, FaultText(record)};
     }
-    text_ = RewriteForGsoap(text);
-    where_ = where;
-    return true;
+    document.text_ = RewriteForGsoap(text);
+    document.where_ = where;
+    return document;
 }
 
 /// Reads up to the record element; the calls for the envelope's parts do nothing where there is

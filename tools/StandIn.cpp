@@ -8,7 +8,7 @@
 #include <sstream>
 #include <utility>
 
-#include "platform/zqshared.h"
+#include "tools/RecordClasses.h"
 #include "tools/SoapDocument.h"
 
 namespace tool {
@@ -17,6 +17,7 @@ namespace {
 constexpr int kBacklog = 16;
 // A request holds an identifier. gSOAP takes long over much larger hostile ones.
 constexpr std::size_t kLongestRequest = std::size_t{64} * 1024;
+constexpr char kMalformed[] = "malformed request";
 constexpr int kSecondsForRequest = 5;
 constexpr int kMicrosecondsBetweenChecks = 100000;
 
@@ -30,19 +31,27 @@ int BoundPort(SOAP_SOCKET socket) {
     return ntohs(reinterpret_cast<const sockaddr_in&>(address).sin_port);
 }
 
-bool ReadBody(struct soap* soap, std::string* body, std::string* error) {
+Result<std::string> ReadBody(struct soap* soap) {
     if (soap->length > kLongestRequest) {
-        *error = "too long";
-        return false;
+        return Failure{kMalformed, "too long"};
     }
     std::size_t size = 0;
     const char* const text = soap_http_get_body(soap, &size);
     if (text == nullptr || soap_end_recv(soap) != SOAP_OK) {
-        *error = DescribeTransportError(soap);
-        return false;
+        return Failure{kMalformed, DescribeTransportError(soap)};
     }
-    body->assign(text, size);
-    return true;
+    return std::string(text, size);
+}
+
+/// Opens a document of the catalogue, which has to hold what requests of the kind are answered
+/// with.
+Result<SoapDocument> OpenAnswer(const std::string& text, const char* kind) {
+    Result<SoapDocument> document = SoapDocument::Open(text, kind);
+    const RecordClass& record = *FindClass(&RecordClass::kind, kind);
+    if (document && document->RecordElement() != record.answerElement) {
+        return Failure{kind, "the catalogue holds a \"" + document->RecordElement() + "\" there"};
+    }
+    return document;
 }
 
 /// Writes the fault that the context holds.
@@ -83,16 +92,15 @@ StandIn::StandIn(Catalog catalog) : catalog_(std::move(catalog)) {
     soap->recv_maxlength = kLongestRequest;
 }
 
-bool StandIn::Listen(const std::string& host, int port, Failure* failure) {
+Result<Done> StandIn::Listen(const std::string& host, int port) {
     struct soap* const soap = server_.get();
     if (!soap_valid_socket(soap_bind(soap, host.c_str(), port, kBacklog))) {
-        *failure = {host + ":" + std::to_string(port), DescribeTransportError(soap)};
-        return false;
+        return Failure{host + ":" + std::to_string(port), DescribeTransportError(soap)};
     }
     const bool isIpv6 = host.find(':') != std::string::npos;
     endpoint_ = "http://" + (isIpv6 ? "[" + host + "]" : host) + ":" +
                 std::to_string(BoundPort(soap->master));
-    return true;
+    return Done();
 }
 
 /// Answers the request of the connection that was just accepted.
@@ -103,15 +111,15 @@ void StandIn::ServeRequest(struct soap* soap) {
         SendFault(soap);
         return;
     }
-    std::string request;
-    std::string error;
-    if (!ReadBody(soap, &request, &error) || !ZQXML::ParseXml(request, &error)) {
+    const Result<std::string> request = ReadBody(soap);
+    const Result<Tree> tree = request ? ParseTree(*request, kMalformed) : request.failure();
+    if (!tree) {
         soap_set_version(soap, 1);
-        soap_sender_fault(soap, ("malformed request: " + error).c_str(), nullptr);
+        soap_sender_fault(soap, Message(tree.failure()).c_str(), nullptr);
         SendFault(soap);
         return;
     }
-    std::istringstream stream(request);
+    std::istringstream stream(*request);
     soap->is = &stream;
     if (soap_begin_serve(soap) == SOAP_OK && Quavera::soap_serve_request(soap) != SOAP_OK) {
         SendFault(soap);
@@ -134,76 +142,42 @@ void StandIn::Serve(const std::atomic<bool>& stop) {
     }
 }
 
-template <class Record>
-int StandIn::Answer(struct soap* soap, const char* kind, const char* element, const std::string& id,
-                    Record* record) {
-    std::string text;
-    Failure failure;
-    if (!catalog_.Find(kind, id, &text, &failure)) {
-        return soap_sender_fault(soap, Message(failure).c_str(), nullptr);
+template <class Answer>
+int StandIn::Respond(struct soap* soap, const char* kind, const std::string& id, Answer& answer) {
+    auto* const self = static_cast<StandIn*>(soap->user);
+    const Result<std::string> text = self->catalog_.Find(kind, id);
+    if (!text) {
+        return soap_sender_fault(soap, Message(text.failure()).c_str(), nullptr);
     }
-    SoapDocument document;
-    bool isReadable = document.Open(std::move(text), kind, &failure);
-    if (isReadable && document.RecordElement() != element) {
-        failure = {kind, "the catalogue holds a \"" + document.RecordElement() + "\" there"};
-        isReadable = false;
-    }
-    if (!isReadable || !document.Decode(&reader_, record, &failure)) {
-        return soap_receiver_fault(soap, Message(failure).c_str(), nullptr);
+    const Result<SoapDocument> document = OpenAnswer(*text, kind);
+    const Result<Done> decoded =
+        document ? document->Decode(&self->reader_, &answer) : document.failure();
+    if (!decoded) {
+        return soap_receiver_fault(soap, Message(decoded.failure()).c_str(), nullptr);
     }
     return SOAP_OK;
 }
 
-}  // namespace tool
-
-// The entry points that the generated server calls, one for each operation.
-namespace Quavera {
 namespace {
 
-template <class Record>
-int Answer(struct soap* soap, const char* kind, const char* element, const std::string& id,
-           Record& record) {
-    return static_cast<tool::StandIn*>(soap->user)->Answer(soap, kind, element, id, &record);
-}
+/// What an entry point answers with, by its declaration.
+template <class Answer>
+Answer AnswerOf(int (*entryPoint)(struct soap*, std::string, Answer&));
 
 }  // namespace
+}  // namespace tool
 
-int Quavera2__getTrack(struct soap* soap, std::string id, Quavera2__LiteTrackMetadata& record) {
-    return Answer(soap, "track", "LiteTrackMetadata", id, record);
-}
-int Quavera2__getAlbum(struct soap* soap, std::string id, Quavera2__AlbumMetadata& record) {
-    return Answer(soap, "album", "AlbumMetadata", id, record);
-}
-int Quavera2__getArtist(struct soap* soap, std::string id, Quavera2__ArtistMetadata& record) {
-    return Answer(soap, "artist", "ArtistMetadata", id, record);
-}
-int Quavera2__getGenre(struct soap* soap, std::string id, Quavera2__GenreMetadata& record) {
-    return Answer(soap, "genre", "GenreMetadata", id, record);
-}
-int Quavera2__getPlaylist(struct soap* soap, std::string id, Quavera2__PlaylistMetadata& record) {
-    return Answer(soap, "playlist", "PlaylistMetadata", id, record);
-}
-int Quavera2__getStation(struct soap* soap, std::string id, Quavera2__StationMetadata& record) {
-    return Answer(soap, "station", "StationMetadata", id, record);
-}
-int Quavera2__getLibrary(struct soap* soap, std::string id, Quavera2__MemberLibrary& record) {
-    return Answer(soap, "library", "MemberLibrary", id, record);
-}
-int Quavera2__getAccount(struct soap* soap, std::string id, Quavera2__AccountMetaData& record) {
-    return Answer(soap, "account", "AccountMetaData", id, record);
-}
-int Quavera2__getReview(struct soap* soap, std::string id, Quavera2__AlbumReviewMetadata& record) {
-    return Answer(soap, "review", "AlbumReviewMetadata", id, record);
-}
-int Quavera2__getImages(struct soap* soap, std::string id, Quavera2__Images& record) {
-    return Answer(soap, "images", "Images", id, record);
-}
-int Quavera2__getIndex(struct soap* soap, std::string id, Quavera2__AlphaIndex& record) {
-    return Answer(soap, "index", "AlphaIndex", id, record);
-}
-int Quavera2__getModification(struct soap* soap, std::string id,
-                              Quavera2__LibraryModificationResult& record) {
-    return Answer(soap, "modification", "LibraryModificationResult", id, record);
-}
+// The entry points that the generated server calls, one for each request.
+namespace Quavera {
+
+#define QUAVERA_RECORD(Class, Soap, element, node, answer) answer
+#define NONE
+#define ONE(kind, request)                                                           \
+    int Quavera2__##request(struct soap* soap, std::string id,                       \
+                            decltype(tool::AnswerOf(Quavera2__##request))& answer) { \
+        return tool::StandIn::Respond(soap, #kind, id, answer);                      \
+    }
+#define LIST(kind, request, List, items) ONE(kind, request)
+#include "records/Records.def"
 
 }  // namespace Quavera

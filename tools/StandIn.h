@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tools/Catalog.h"
+#include "tools/Result.h"
 #include "tools/SoapContext.h"
 
 namespace tool {
@@ -15,8 +16,8 @@ class StandIn {
  public:
     explicit StandIn(Catalog catalog);
 
-    /// Starts to listen; `port` 0 takes a free one. False with a reason.
-    bool Listen(const std::string& host, int port, Failure* failure);
+    /// Starts to listen; `port` 0 takes a free one.
+    Result<Done> Listen(const std::string& host, int port);
 
     /// Where it listens: "http://127.0.0.1:8080".
     const std::string& Endpoint() const { return endpoint_; }
@@ -24,11 +25,9 @@ class StandIn {
     /// Serves until `stop` turns true, which is looked at several times a second.
     void Serve(const std::atomic<bool>& stop);
 
-    /// Answers one request for a record of a kind ("album"), whose document in the catalogue holds
-    /// an element of that name ("AlbumMetadata"). For the operations' entry points.
-    template <class Record>
-    int Answer(struct soap* soap, const char* kind, const char* element, const std::string& id,
-               Record* record);
+    /// Answers the request of a kind ("album") that the context holds. For the entry points.
+    template <class Answer>
+    static int Respond(struct soap* soap, const char* kind, const std::string& id, Answer& answer);
 
  private:
     static void ServeRequest(struct soap* soap);

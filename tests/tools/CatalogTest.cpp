@@ -9,13 +9,12 @@
 namespace {
 
 using tool::Catalog;
-using tool::Failure;
+using tool::Result;
 
 /// A document's text, or what a failure says.
 std::string Find(const Catalog& catalog, const std::string& id) {
-    std::string document;
-    Failure failure;
-    return catalog.Find("track", id, &document, &failure) ? document : tool::Message(failure);
+    const Result<std::string> document = catalog.Find("track", id);
+    return document ? *document : tool::Message(document.failure());
 }
 
 std::string Unknown(const std::string& id) {
@@ -88,10 +87,9 @@ TEST(CatalogSamples, AreTheDocumentsToTheByte) {
         const std::string name = path.substr(std::string(QUAVERA_TEST_CATALOG).size() + 1);
         const std::size_t slash = name.find('/');
         const std::string id = name.substr(slash + 1, name.rfind(".xml") - slash - 1);
-        std::string document;
-        Failure failure;
-        EXPECT_TRUE(samples.Find(name.substr(0, slash), id, &document, &failure)) << name;
-        EXPECT_EQ(document, tooltest::Contents(path)) << name;
+        const Result<std::string> document = samples.Find(name.substr(0, slash), id);
+        ASSERT_TRUE(document) << name;
+        EXPECT_EQ(*document, tooltest::Contents(path)) << name;
         ++count;
     }
     EXPECT_EQ(tool::kSampleDocumentCount, count);

@@ -10,7 +10,8 @@
 namespace {
 
 using Quavera::Quavera2__LiteTrackMetadata;
-using tool::Failure;
+using tool::Done;
+using tool::Result;
 using tool::SoapContext;
 using tool::SoapDocument;
 using tooltest::Envelope;
@@ -18,20 +19,18 @@ using tooltest::Track;
 
 /// The name of the record element, or what a failure says.
 std::string RecordElement(const std::string& text) {
-    SoapDocument document;
-    Failure failure;
-    return document.Open(text, "there", &failure) ? document.RecordElement()
-                                                  : tool::Message(failure);
+    const Result<SoapDocument> document = SoapDocument::Open(text, "there");
+    return document ? document->RecordElement() : tool::Message(document.failure());
 }
 
 /// The identifier and the number of the track in a document, or what a failure says.
 std::string DecodedTrack(const std::string& text) {
-    SoapDocument document;
+    const Result<SoapDocument> document = SoapDocument::Open(text, "there");
     SoapContext context;
     Quavera2__LiteTrackMetadata track;
-    Failure failure;
-    if (!document.Open(text, "there", &failure) || !document.Decode(&context, &track, &failure)) {
-        return tool::Message(failure);
+    const Result<Done> decoded = document ? document->Decode(&context, &track) : document.failure();
+    if (!decoded) {
+        return tool::Message(decoded.failure());
     }
     return (track.trackId == nullptr ? "none" : *track.trackId) + " " +
            (track.trackIndex == nullptr ? "none" : std::to_string(*track.trackIndex));
@@ -144,15 +143,14 @@ TEST(SoapDocument, IntegersFitUpToTheirLimits) {
 }
 
 TEST(SoapDocument, DecodingStartsAfresh) {
-    SoapDocument document;
+    const Result<SoapDocument> document = SoapDocument::Open(Envelope(Track(kMembers)), "there");
     SoapContext context;
     Quavera2__LiteTrackMetadata track;
-    Failure failure;
-    ASSERT_TRUE(document.Open(Envelope(Track(kMembers)), "there", &failure));
+    ASSERT_TRUE(document);
     std::string old = "old";
     track.albumId = &old;
     for (int time = 0; time < 2; ++time) {
-        ASSERT_TRUE(document.Decode(&context, &track, &failure));
+        ASSERT_TRUE(document->Decode(&context, &track));
         EXPECT_EQ(track.albumId, nullptr);
         ASSERT_NE(track.trackId, nullptr);
         EXPECT_EQ(*track.trackId, "Tra.1");
