@@ -257,12 +257,13 @@ TEST(DataAccountProperties, NamesThatAreNoBase64AreEmpty) {
 }
 
 TEST(DataAccountProperties, DocumentArrives) {
-    ExpectDocument<AccountCase>("account/full.xml", "Quavera2:AccountMetaData",
-                                TestData("account/full.tree.xml"), TestData("account/full.txt"));
+    ExpectDocument<AccountCase>("DataAccountProperties/full.xml", "Quavera2:AccountMetaData",
+                                TestData("DataAccountProperties/full.tree.xml"),
+                                TestData("DataAccountProperties/full.txt"));
 }
 
 TEST(DataAccountProperties, MissingMembersOfADocumentAreAbsentButForTheNumbers) {
-    ExpectDocument<AccountCase>("account/no-members.xml", "Quavera2:AccountMetaData",
+    ExpectDocument<AccountCase>("DataAccountProperties/no-members.xml", "Quavera2:AccountMetaData",
                                 AccountCase::kEmptyTree, AccountCase::kEmptyText);
 }
 

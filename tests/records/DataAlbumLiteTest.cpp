@@ -461,21 +461,21 @@ TEST(DataAlbumLite, CopyIsIndependent) {
 // --- Documents of the service ------------------------------------------------------------------
 
 TEST(DataAlbumLite, DocumentGoesAllTheWay) {
-    ExpectDocument<AlbumLiteCase>("album-lite/full.xml", "Quavera2:LiteAlbumMetadata",
-                                  TestData("album-lite/full.tree.xml"),
-                                  TestData("album-lite/full.txt"));
+    ExpectDocument<AlbumLiteCase>("DataAlbumLite/full.xml", "Quavera2:LiteAlbumMetadata",
+                                  TestData("DataAlbumLite/full.tree.xml"),
+                                  TestData("DataAlbumLite/full.txt"));
 }
 
 TEST(DataAlbumLite, NilTypeOfADocumentIsAnEmptyText) {
     ExpectDocument<AlbumLiteCase>(
-        "album-lite/nil-items.xml", "Quavera2:LiteAlbumMetadata",
+        "DataAlbumLite/nil-items.xml", "Quavera2:LiteAlbumMetadata",
         "<Album><AlbumId>Alb.7</AlbumId><DisplayableAlbumTypes><Value/><Value>EP</Value><Value/>"
         "</DisplayableAlbumTypes></Album>",
         SampleAlbumLite::TextOfId("Alb.7") + "  types = \r\n  types = EP\r\n  types = \r\n");
 }
 
 TEST(DataAlbumLite, EmptyTypesOfADocumentAreAnEmptyElement) {
-    ExpectDocument<AlbumLiteCase>("album-lite/empty-types.xml", "Quavera2:LiteAlbumMetadata",
+    ExpectDocument<AlbumLiteCase>("DataAlbumLite/empty-types.xml", "Quavera2:LiteAlbumMetadata",
                                   "<Album><DisplayableAlbumTypes/></Album>",
                                   AlbumLiteCase::kEmptyText);
 }

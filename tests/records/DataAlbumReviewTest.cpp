@@ -152,8 +152,9 @@ TEST(DataAlbumReview, TextsThatAreNoBase64AreEmpty) {
 }
 
 TEST(DataAlbumReview, DocumentArrives) {
-    ExpectDocument<ReviewCase>("review/full.xml", "Quavera2:AlbumReviewMetadata",
-                               TestData("review/full.tree.xml"), TestData("review/full.txt"));
+    ExpectDocument<ReviewCase>("DataAlbumReview/full.xml", "Quavera2:AlbumReviewMetadata",
+                               TestData("DataAlbumReview/full.tree.xml"),
+                               TestData("DataAlbumReview/full.txt"));
 }
 
 // --- The exported objects ----------------------------------------------------------------------

@@ -307,11 +307,12 @@ TEST(DataAlbum, CopiesHoldTheFieldsThatAreNotRendered) {
 
 void ExpectAlbumDocument(const std::string& file, const std::string& tree,
                          const std::string& text) {
-    ExpectDocument<AlbumCase>("album/" + file, "Quavera2:AlbumMetadata", tree, text);
+    ExpectDocument<AlbumCase>("DataAlbum/" + file, "Quavera2:AlbumMetadata", tree, text);
 }
 
 TEST(DataAlbum, DocumentGoesAllTheWay) {
-    ExpectAlbumDocument("full.xml", TestData("album/full.tree.xml"), TestData("album/full.txt"));
+    ExpectAlbumDocument("full.xml", TestData("DataAlbum/full.tree.xml"),
+                        TestData("DataAlbum/full.txt"));
 }
 
 TEST(DataAlbum, NilTrackOfADocumentIsSkippedAndNilTypeIsAnEmptyText) {

@@ -96,10 +96,10 @@ TEST(DataArtistLite, PlainTextsEndAtTheirFirstZeroByte) {
 
 TEST(DataArtistLite, DocumentGoesAllTheWay) {
     const char* const type = "Quavera2:LiteArtistMetadata";
-    ExpectDocument<ArtistLiteCase>("artist-lite/full.xml", type,
-                                   TestData("artist-lite/full.tree.xml"),
-                                   TestData("artist-lite/full.txt"));
-    ExpectDocument<ArtistLiteCase>("artist-lite/nil-members.xml", type,
+    ExpectDocument<ArtistLiteCase>("DataArtistLite/full.xml", type,
+                                   TestData("DataArtistLite/full.tree.xml"),
+                                   TestData("DataArtistLite/full.txt"));
+    ExpectDocument<ArtistLiteCase>("DataArtistLite/nil-members.xml", type,
                                    "<Artist><Shortcut>wer-auch-immer</Shortcut></Artist>",
                                    "artistId = \r\nname = \r\nshortcut = wer-auch-immer\r\n");
 }

@@ -295,12 +295,14 @@ TEST(DataArtist, CopiesHoldTheFieldsThatAreNotRendered) {
 
 void ExpectArtistDocument(const std::string& file, const std::string& tree,
                           const std::string& text) {
-    ExpectDocument<ArtistCase>("artist/" + file, "Quavera2:ArtistMetadata", tree, text);
-    ExpectDocument<ArtistBelowParentCase>("artist/" + file, "Quavera2:ArtistMetadata", tree, text);
+    ExpectDocument<ArtistCase>("DataArtist/" + file, "Quavera2:ArtistMetadata", tree, text);
+    ExpectDocument<ArtistBelowParentCase>("DataArtist/" + file, "Quavera2:ArtistMetadata", tree,
+                                          text);
 }
 
 TEST(DataArtist, DocumentGoesAllTheWay) {
-    ExpectArtistDocument("full.xml", TestData("artist/full.tree.xml"), TestData("artist/full.txt"));
+    ExpectArtistDocument("full.xml", TestData("DataArtist/full.tree.xml"),
+                         TestData("DataArtist/full.txt"));
 }
 
 TEST(DataArtist, NilItemsOfADocumentAreSkipped) {

@@ -101,13 +101,13 @@ TEST(DataGenreLite, NameTravelsAsBase64OfItsUtf8) {
 constexpr char kType[] = "Quavera2:LiteGenreMetadata";
 
 TEST(DataGenreLite, DocumentGivesItsTreeAndText) {
-    ExpectDocument<GenreLiteCase>("genre-lite/full.xml", kType,
-                                  TestData("genre-lite/full.tree.xml"),
-                                  TestData("genre-lite/full.txt"));
+    ExpectDocument<GenreLiteCase>("DataGenreLite/full.xml", kType,
+                                  TestData("DataGenreLite/full.tree.xml"),
+                                  TestData("DataGenreLite/full.txt"));
 }
 
 TEST(DataGenreLite, NilAndMissingMembersOfADocumentAreAbsent) {
-    ExpectDocument<GenreLiteCase>("genre-lite/nil-members.xml", kType,
+    ExpectDocument<GenreLiteCase>("DataGenreLite/nil-members.xml", kType,
                                   "<GenreLite><GenreId>g.8202</GenreId></GenreLite>",
                                   "genreId = g.8202\r\nname = \r\nsubCount = 0\r\n");
 }

@@ -338,11 +338,12 @@ TEST(DataGenre, CopiesHoldTheFieldsThatAreNotRendered) {
 
 void ExpectGenreDocument(const std::string& file, const std::string& tree,
                          const std::string& text) {
-    ExpectDocument<GenreCase>("genre/" + file, "Quavera2:GenreMetadata", tree, text);
+    ExpectDocument<GenreCase>("DataGenre/" + file, "Quavera2:GenreMetadata", tree, text);
 }
 
 TEST(DataGenre, DocumentGivesItsTreeAndText) {
-    ExpectGenreDocument("full.xml", TestData("genre/full.tree.xml"), TestData("genre/full.txt"));
+    ExpectGenreDocument("full.xml", TestData("DataGenre/full.tree.xml"),
+                        TestData("DataGenre/full.txt"));
 }
 
 TEST(DataGenre, MissingListsOfADocumentAreEmpty) {

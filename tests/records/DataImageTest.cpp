@@ -138,12 +138,12 @@ TEST(DataImage, TitleIsRenderedAsUtf8) {
 constexpr char kType[] = "Quavera2:ImageMetadata";
 
 TEST(DataImage, DocumentGivesItsTreeAndText) {
-    ExpectDocument<ImageCase>("image/full.xml", kType, TestData("image/full.tree.xml"),
-                              TestData("image/full.txt"));
+    ExpectDocument<ImageCase>("DataImage/full.xml", kType, TestData("DataImage/full.tree.xml"),
+                              TestData("DataImage/full.txt"));
 }
 
 TEST(DataImage, NilAndMissingMembersOfADocumentAreAbsent) {
-    ExpectDocument<ImageCase>("image/nil-members.xml", kType,
+    ExpectDocument<ImageCase>("DataImage/nil-members.xml", kType,
                               "<Image><Url>http://img.example.com/8402</Url></Image>",
                               "copyright = \r\nheight = 0\r\nimageFormat = \r\nimageId = \r\n"
                               "title = \r\nurl = http://img.example.com/8402\r\nwidth = 0\r\n");

@@ -112,12 +112,13 @@ TEST(DataIndex, WithoutMembersTheElementIsEmptyAndFillsNothing) {
 constexpr char kType[] = "Quavera2:AlphaIndexPosition";
 
 TEST(DataIndex, DocumentGivesItsTreeAndText) {
-    ExpectDocument<IndexCase>("index/full.xml", kType, TestData("index/full.tree.xml"),
-                              TestData("index/full.txt"));
+    ExpectDocument<IndexCase>("DataIndex/full.xml", kType, TestData("DataIndex/full.tree.xml"),
+                              TestData("DataIndex/full.txt"));
 }
 
 TEST(DataIndex, NilAndMissingMembersOfADocumentAreAbsent) {
-    ExpectDocument<IndexCase>("index/nil-members.xml", kType, "<Index/>", IndexCase::kEmptyText);
+    ExpectDocument<IndexCase>("DataIndex/nil-members.xml", kType, "<Index/>",
+                              IndexCase::kEmptyText);
 }
 
 }  // namespace

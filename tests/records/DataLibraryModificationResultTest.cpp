@@ -153,14 +153,15 @@ TEST(DataLibraryModificationResult, IdsAreRenderedBehindTheStamp) {
 }
 
 TEST(DataLibraryModificationResult, DocumentArrives) {
-    ExpectDocument<ModificationCase>("modification/full.xml", "Quavera2:LibraryModificationResult",
-                                     TestData("modification/full.tree.xml"),
-                                     TestData("modification/full.txt"));
+    ExpectDocument<ModificationCase>("DataLibraryModificationResult/full.xml",
+                                     "Quavera2:LibraryModificationResult",
+                                     TestData("DataLibraryModificationResult/full.tree.xml"),
+                                     TestData("DataLibraryModificationResult/full.txt"));
 }
 
 TEST(DataLibraryModificationResult, NilValuesOfADocumentAreEmpty) {
     ExpectDocument<ModificationCase>(
-        "modification/nil-values.xml", "Quavera2:LibraryModificationResult",
+        "DataLibraryModificationResult/nil-values.xml", "Quavera2:LibraryModificationResult",
         "<LibraryModification><SubCount>3</SubCount><Value/><Value>Tra.2</Value><Value/>"
         "</LibraryModification>",
         "libraryLastDateModified = 0\r\nid = \r\nid = Tra.2\r\nid = \r\n");

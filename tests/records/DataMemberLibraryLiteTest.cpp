@@ -72,9 +72,10 @@ TEST(DataMemberLibraryLite, EmptyMemberAndZeroStampArePresent) {
 }
 
 TEST(DataMemberLibraryLite, DocumentArrives) {
-    ExpectDocument<MemberLibraryLiteCase>("library-lite/full.xml", "Quavera5:LiteMemberLibrary",
-                                          TestData("library-lite/full.tree.xml"),
-                                          TestData("library-lite/full.txt"));
+    ExpectDocument<MemberLibraryLiteCase>("DataMemberLibraryLite/full.xml",
+                                          "Quavera5:LiteMemberLibrary",
+                                          TestData("DataMemberLibraryLite/full.tree.xml"),
+                                          TestData("DataMemberLibraryLite/full.txt"));
 }
 
 }  // namespace

@@ -208,14 +208,14 @@ TEST(DataMemberLibrary, StampIsAnUnsignedNumberBothWays) {
 }
 
 TEST(DataMemberLibrary, DocumentArrives) {
-    ExpectDocument<MemberLibraryCase>("library/full.xml", "Quavera2:MemberLibrary",
-                                      TestData("library/full.tree.xml"),
-                                      TestData("library/full.txt"));
+    ExpectDocument<MemberLibraryCase>("DataMemberLibrary/full.xml", "Quavera2:MemberLibrary",
+                                      TestData("DataMemberLibrary/full.tree.xml"),
+                                      TestData("DataMemberLibrary/full.txt"));
 }
 
 TEST(DataMemberLibrary, NilItemsOfADocumentAreLeftOut) {
     ExpectDocument<MemberLibraryCase>(
-        "library/nil-items.xml", "Quavera2:MemberLibrary",
+        "DataMemberLibrary/nil-items.xml", "Quavera2:MemberLibrary",
         "<MemberLibrary><LastModified>12</LastModified><Tracks/>"
         "<Playlists><Playlist><PlaylistId>Pll.1</PlaylistId></Playlist></Playlists>"
         "<Stations><Station><StationId>Sta.2</StationId></Station></Stations></MemberLibrary>",

@@ -100,9 +100,9 @@ TEST(DataPlaylistLite, IgnoresNamesThatDifferInLetterCase) {
 }
 
 TEST(DataPlaylistLite, DocumentArrives) {
-    ExpectDocument<PlaylistLiteCase>("playlist-lite/full.xml", "Quavera2:LitePlaylistMetadata",
-                                     TestData("playlist-lite/full.tree.xml"),
-                                     TestData("playlist-lite/full.txt"));
+    ExpectDocument<PlaylistLiteCase>("DataPlaylistLite/full.xml", "Quavera2:LitePlaylistMetadata",
+                                     TestData("DataPlaylistLite/full.tree.xml"),
+                                     TestData("DataPlaylistLite/full.txt"));
 }
 
 }  // namespace

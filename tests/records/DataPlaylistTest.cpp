@@ -133,13 +133,14 @@ TEST(DataPlaylist, TextBeginsWithTracksAndEndsWithTheSummary) {
 }
 
 TEST(DataPlaylist, DocumentArrives) {
-    ExpectDocument<PlaylistCase>("playlist/full.xml", "Quavera2:PlaylistMetadata",
-                                 TestData("playlist/full.tree.xml"), TestData("playlist/full.txt"));
+    ExpectDocument<PlaylistCase>("DataPlaylist/full.xml", "Quavera2:PlaylistMetadata",
+                                 TestData("DataPlaylist/full.tree.xml"),
+                                 TestData("DataPlaylist/full.txt"));
 }
 
 TEST(DataPlaylist, NilItemsOfADocumentAreLeftOut) {
     ExpectDocument<PlaylistCase>(
-        "playlist/nil-items.xml", "Quavera2:PlaylistMetadata",
+        "DataPlaylist/nil-items.xml", "Quavera2:PlaylistMetadata",
         "<Playlist><PlaylistId>Pll.5151</PlaylistId>"
         "<Tracks><Track><TrackId>Tra.6001</TrackId></Track></Tracks></Playlist>",
         "Track AlbumId = \r\nAlbumId = \r\nArtistId = \r\nDiscIndex = 0\r\n"

@@ -144,14 +144,15 @@ TEST(DataStationLite, OnlyCopyingCarriesReserved64) {
 constexpr char kType[] = "Quavera2:LiteStationMetadata";
 
 TEST(DataStationLite, DocumentGivesItsTreeAndText) {
-    ExpectDocument<StationLiteCase>("station-lite/full.xml", kType,
-                                    TestData("station-lite/full.tree.xml"),
-                                    TestData("station-lite/full.txt"));
+    ExpectDocument<StationLiteCase>("DataStationLite/full.xml", kType,
+                                    TestData("DataStationLite/full.tree.xml"),
+                                    TestData("DataStationLite/full.txt"));
 }
 
 TEST(DataStationLite, NilAndMissingMembersOfADocumentAreAbsent) {
     ExpectDocument<StationLiteCase>(
-        "station-lite/nil-members.xml", kType, "<Station><StationId>Sta.8102</StationId></Station>",
+        "DataStationLite/nil-members.xml", kType,
+        "<Station><StationId>Sta.8102</StationId></Station>",
         "name = \r\nstationId = Sta.8102\r\ntype = \r\nfreeStation = false\r\n");
 }
 

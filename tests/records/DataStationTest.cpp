@@ -99,10 +99,11 @@ TEST(DataStation, TextIsThatOfTheSummary) {
 }
 
 TEST(DataStation, DocumentGivesItsTreeAndText) {
-    const std::string tree = TestData("station/full.tree.xml");
-    const std::string text = TestData("station/full.txt");
-    ExpectDocument<StationCase>("station/full.xml", "Quavera2:StationMetadata", tree, text);
-    ExpectDocument<StationParentCase>("station/full.xml", "Quavera2:StationMetadata", tree, text);
+    const std::string tree = TestData("DataStation/full.tree.xml");
+    const std::string text = TestData("DataStation/full.txt");
+    ExpectDocument<StationCase>("DataStation/full.xml", "Quavera2:StationMetadata", tree, text);
+    ExpectDocument<StationParentCase>("DataStation/full.xml", "Quavera2:StationMetadata", tree,
+                                      text);
 }
 
 }  // namespace

@@ -333,14 +333,15 @@ TEST(DataTrackInfo, NumbersAreReadAsTheNodeReadsThem) {
 
 void ExpectTrackDocument(const std::string& file, const std::string& tree,
                          const std::string& text) {
-    ExpectDocument<TrackCase>("track/" + file, "Quavera2:LiteTrackMetadata", tree, text);
+    ExpectDocument<TrackCase>("DataTrackInfo/" + file, "Quavera2:LiteTrackMetadata", tree, text);
 }
 
 TEST(DataTrackInfo, OneDocumentInItsManyFormsGivesTheSame) {
     for (const char* file :
          {"full.xml", "soap12.xml", "bare.xml", "prefixes.xml", "default-namespace.xml",
           "character-references.xml", "cdata.xml", "compact.xml"}) {
-        ExpectTrackDocument(file, TestData("track/full.tree.xml"), TestData("track/full.txt"));
+        ExpectTrackDocument(file, TestData("DataTrackInfo/full.tree.xml"),
+                            TestData("DataTrackInfo/full.txt"));
     }
 }
 

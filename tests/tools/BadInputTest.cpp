@@ -116,8 +116,8 @@ TEST(BadInput, UnknownRootIsRefusedWithoutAClassToo) {
 }
 
 TEST(BadInput, SoapIsNoTreeAndATreeIsNoSoap) {
-    const std::string soap = DataPath("track/full.xml");
-    const std::string tree = DataPath("track/full.tree.xml");
+    const std::string soap = DataPath("DataTrackInfo/full.xml");
+    const std::string tree = DataPath("DataTrackInfo/full.tree.xml");
     EXPECT_TRUE(Refused(RunTool({"text", soap}), kFailed, At(soap, {"\"SOAP-ENV:Envelope\""})));
     EXPECT_TRUE(Refused(RunTool({"show", tree}), kFailed, At(tree, {"\"Track\""})));
 }
@@ -134,8 +134,8 @@ TEST(BadInput, UnreadableFileIsNamedWithTheReason) {
 }
 
 TEST(BadInput, FullDeviceIsAnError) {
-    const std::string soap = DataPath("track/full.xml");
-    const std::string tree = DataPath("track/full.tree.xml");
+    const std::string soap = DataPath("DataTrackInfo/full.xml");
+    const std::string tree = DataPath("DataTrackInfo/full.tree.xml");
     const std::vector<Arguments> commands = {
         {"tree", soap}, {"show", soap}, {"text", tree},     {"serve", "--port", "0"},
         {"demo"},       {"--help"},     {"show", "--help"}, {"--version"},

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -16,9 +17,9 @@ using tooltest::DataPath;
 using tooltest::Printed;
 using tooltest::RunTool;
 
-const char kSoap[] = "track/full.xml";
-const char kTree[] = "track/full.tree.xml";
-const char kText[] = "track/full.txt";
+const char kSoap[] = "DataTrackInfo/full.xml";
+const char kTree[] = "DataTrackInfo/full.tree.xml";
+const char kText[] = "DataTrackInfo/full.txt";
 
 /// Breaks a tree whose elements hold either texts or elements into lines, as `--indent` has to.
 std::string Indented(const std::string& tree) {
@@ -95,43 +96,50 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Show", {"show"}, kSoap, Contents(DataPath(kText))}),
     TestName);
 
-struct RecordDocuments {
-    const char* recordClass;
-    const char* folder;
+/// A record class and its SOAP record.
+struct Record {
+    std::string name;
+    std::string soap;
 };
 
-class OutputOfEveryClass : public testing::TestWithParam<RecordDocuments> {};
-
-TEST_P(OutputOfEveryClass, IsTheRecordsTreeAndText) {
-    const std::string folder = DataPath(std::string(GetParam().folder));
-    const std::string soap = folder + "/full.xml";
-    const std::string text = Contents(folder + "/full.txt");
-    const std::string tree = Contents(folder + "/full.tree.xml");
-    const Arguments named = {"--record", GetParam().recordClass};
-    EXPECT_TRUE(Printed(RunTool({"show", named[0], named[1], soap}), text));
-    EXPECT_TRUE(Printed(RunTool({"tree", named[0], named[1], soap}), tree + "\n"));
-    EXPECT_TRUE(Printed(RunTool({"text", named[0], named[1]}, tree + "\n"), text));
-    EXPECT_TRUE(Printed(RunTool({"show", soap}), text)) << "found by its element";
+/// All that are registered.
+const std::vector<Record>& Records() {
+#define QUAVERA_RECORD(Class, Soap, element, node, answer) {#Class, #Soap},
+    static const std::vector<Record> records = {
+#include "records/Records.def"
+    };
+    return records;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, OutputOfEveryClass,
-    testing::Values(
-        RecordDocuments{"DataAccountProperties", "account"}, RecordDocuments{"DataAlbum", "album"},
-        RecordDocuments{"DataAlbumLite", "album-lite"},
-        RecordDocuments{"DataAlbumReview", "review"}, RecordDocuments{"DataArtist", "artist"},
-        RecordDocuments{"DataArtistLite", "artist-lite"}, RecordDocuments{"DataGenre", "genre"},
-        RecordDocuments{"DataGenreLite", "genre-lite"}, RecordDocuments{"DataImage", "image"},
-        RecordDocuments{"DataIndex", "index"},
-        RecordDocuments{"DataLibraryModificationResult", "modification"},
-        RecordDocuments{"DataMemberLibrary", "library"},
-        RecordDocuments{"DataMemberLibraryLite", "library-lite"},
-        RecordDocuments{"DataPlaylist", "playlist"},
-        RecordDocuments{"DataPlaylistLite", "playlist-lite"},
-        RecordDocuments{"DataStation", "station"},
-        RecordDocuments{"DataStationLite", "station-lite"},
-        RecordDocuments{"DataTrackInfo", "track"}),
-    [](const testing::TestParamInfo<RecordDocuments>& one) { return one.param.recordClass; });
+class OutputOfEveryClass : public testing::TestWithParam<Record> {
+ public:
+    /// Whether a document is taken for this class without its name: it is the first that is made of
+    /// the SOAP record.
+    static bool IsFoundByItsElement() {
+        const auto& records = Records();
+        const auto first = std::find_if(records.begin(), records.end(), [](const Record& each) {
+            return each.soap == GetParam().soap;
+        });
+        return first->name == GetParam().name;
+    }
+};
+
+// The sample documents of a record are in the folder that is named after its class.
+TEST_P(OutputOfEveryClass, IsTheRecordsTreeAndText) {
+    const std::string& name = GetParam().name;
+    const std::string soap = DataPath(name + "/full.xml");
+    const std::string text = Contents(DataPath(name + "/full.txt"));
+    const std::string tree = Contents(DataPath(name + "/full.tree.xml"));
+    EXPECT_TRUE(Printed(RunTool({"show", "--record", name, soap}), text));
+    EXPECT_TRUE(Printed(RunTool({"tree", "--record", name, soap}), tree + "\n"));
+    EXPECT_TRUE(Printed(RunTool({"text", "--record", name}, tree + "\n"), text));
+    if (IsFoundByItsElement()) {
+        EXPECT_TRUE(Printed(RunTool({"show", soap}), text));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, OutputOfEveryClass, testing::ValuesIn(Records()),
+                         [](const testing::TestParamInfo<Record>& one) { return one.param.name; });
 
 TEST(Output, OfBareRecordElementIsThatOfItsEnvelope) {
     const std::string soap = Contents(DataPath(kSoap));
@@ -145,8 +153,9 @@ TEST(Output, OfBareRecordElementIsThatOfItsEnvelope) {
 TEST(Output, IsTheSameForEveryWayToWriteADocument) {
     for (const char* const document : {"bare", "cdata", "character-references", "compact",
                                        "default-namespace", "prefixes", "soap12"}) {
-        EXPECT_TRUE(Printed(RunTool({"show", DataPath(std::string("track/") + document + ".xml")}),
-                            Contents(DataPath(kText))))
+        EXPECT_TRUE(
+            Printed(RunTool({"show", DataPath(std::string("DataTrackInfo/") + document + ".xml")}),
+                    Contents(DataPath(kText))))
             << document;
     }
 }
