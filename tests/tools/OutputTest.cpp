@@ -102,6 +102,10 @@ struct Record {
     std::string soap;
 };
 
+void PrintTo(const Record& printed, std::ostream* out) {
+    *out << printed.name;
+}
+
 /// All that are registered.
 const std::vector<Record>& Records() {
 #define QUAVERA_RECORD(Class, Soap, element, node, answer) {#Class, #Soap},
