@@ -1,0 +1,35 @@
+#ifndef QUAVERA_RECORDS_DATA_TRACK_LITE_H_
+#define QUAVERA_RECORDS_DATA_TRACK_LITE_H_
+
+#include <string>
+
+#include "platform/zqshared.h"
+#include "records/QuavData.h"
+
+namespace Quavera {
+class Quavera2__LiteTrackMetadata;
+}
+
+/// A track's title and place, for lists that show no more.
+///
+/// Element: "TrackLite". `FromXML` expects that element itself.
+class QUAVERA_API DataTrackLite : public QuavData {
+ public:
+    DataTrackLite();
+    DataTrackLite(const DataTrackLite&) = default;
+    DataTrackLite(DataTrackLite&&) = default;
+    DataTrackLite& operator=(const DataTrackLite&) = default;
+    DataTrackLite& operator=(DataTrackLite&&) = default;
+    ~DataTrackLite() override;
+
+    static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetadata* soap);
+    static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LiteTrackMetadata* soap);
+    void FromXML(ZQXML::INode* node) override;
+    std::string ToString() override;
+
+    std::wstring name;
+    std::string trackId;
+    int trackIndex = 0;  // position of the track on its disc
+};
+
+#endif  // QUAVERA_RECORDS_DATA_TRACK_LITE_H_
