@@ -4,26 +4,7 @@
 // and moves have to be declared too, or lists would copy their items when they grow. They are
 // defined here, not in the headers, so that the library holds and exports one of each.
 
-#include "records/QuavData.h"
-
-#include "records/DataAccountProperties.h"
-#include "records/DataAlbum.h"
-#include "records/DataAlbumLite.h"
-#include "records/DataAlbumReview.h"
-#include "records/DataArtist.h"
-#include "records/DataArtistLite.h"
-#include "records/DataGenre.h"
-#include "records/DataGenreLite.h"
-#include "records/DataImage.h"
-#include "records/DataIndex.h"
-#include "records/DataLibraryModificationResult.h"
-#include "records/DataMemberLibrary.h"
-#include "records/DataMemberLibraryLite.h"
-#include "records/DataPlaylist.h"
-#include "records/DataPlaylistLite.h"
-#include "records/DataStation.h"
-#include "records/DataStationLite.h"
-#include "records/DataTrackInfo.h"
+#include "records/RecordHeaders.h"
 
 #define QUAVERA_RECORD(Record, soap, element, node, answer) \
     Record::~Record() = default;                            \

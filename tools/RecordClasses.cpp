@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "RecordHeaders.h"
+#include "records/RecordHeaders.h"
 
 namespace tool {
 namespace {

@@ -5,22 +5,10 @@
 #include <string_view>
 #include <utility>
 
+#include "base/Utf8.h"
+
 namespace tool {
 namespace {
-
-/// The UTF-8 form of a character beyond ASCII.
-std::string Utf8(char32_t code) {
-    const auto tail = [code](unsigned shift) {
-        return static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
-    };
-    if (code < 0x800) {
-        return {static_cast<char>(0xC0U | (code >> 6U)), tail(0)};
-    }
-    if (code < 0x10000) {
-        return {static_cast<char>(0xE0U | (code >> 12U)), tail(6), tail(0)};
-    }
-    return {static_cast<char>(0xF0U | (code >> 18U)), tail(12), tail(6), tail(0)};
-}
 
 /// A numeric character reference, "&#x1F600;", as the character; one of ASCII in its shortest form.
 std::string Resolve(std::string_view reference) {
@@ -30,7 +18,12 @@ std::string Resolve(std::string_view reference) {
     unsigned code = 0;
     std::from_chars(reference.data() + (isHexadecimal ? 3 : 2), reference.data() + reference.size(),
                     code, isHexadecimal ? kHexadecimal : kDecimal);
-    return code < 0x80 ? "&#" + std::to_string(code) + ";" : Utf8(code);
+    if (code < 0x80) {
+        return "&#" + std::to_string(code) + ";";
+    }
+    char utf8[quavera::kLargestUtf8];
+    const char* const end = quavera::PutCharacter(code, utf8);
+    return end == nullptr ? std::string() : std::string(static_cast<const char*>(utf8), end);
 }
 
 std::string_view WithoutPrefix(std::string_view name) {

@@ -4,7 +4,6 @@
 #include "soap/QuaveraStub.h"
 
 DataTrackLite::DataTrackLite() = default;
-DataTrackLite::~DataTrackLite() = default;
 
 void DataTrackLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetadata* soap) {
     ElementWriter out(node);
@@ -14,7 +13,7 @@ void DataTrackLite::ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetada
 }
 
 zq::auto_com<ZQXML::INode> DataTrackLite::ToXML(Quavera::Quavera2__LiteTrackMetadata* soap) {
-    return ElementWriter::Filled<DataTrackLite>("TrackLite", soap);
+    return NewElementWith<DataTrackLite>("TrackLite", soap);
 }
 
 void DataTrackLite::FromXML(ZQXML::INode* node) {

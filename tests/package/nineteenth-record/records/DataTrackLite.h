@@ -16,10 +16,10 @@ class Quavera2__LiteTrackMetadata;
 class QUAVERA_API DataTrackLite : public QuavData {
  public:
     DataTrackLite();
-    DataTrackLite(const DataTrackLite&) = default;
-    DataTrackLite(DataTrackLite&&) = default;
-    DataTrackLite& operator=(const DataTrackLite&) = default;
-    DataTrackLite& operator=(DataTrackLite&&) = default;
+    DataTrackLite(const DataTrackLite&);
+    DataTrackLite(DataTrackLite&&) noexcept;
+    DataTrackLite& operator=(const DataTrackLite&);
+    DataTrackLite& operator=(DataTrackLite&&) noexcept;
     ~DataTrackLite() override;
 
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteTrackMetadata* soap);

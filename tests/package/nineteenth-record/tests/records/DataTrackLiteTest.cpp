@@ -29,7 +29,7 @@ struct TrackLiteCase : RecordCase {
     static constexpr char kEmptyText[] = "name = \r\ntrackId = \r\ntrackIndex = 0\r\n";
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(TrackLite, RecordTest, TrackLiteCase, CaseNames);
+const RulesFor<TrackLiteCase> kRules("DataTrackLite");
 
 TEST(DataTrackLite, ReadsEachElementIntoItsField) {
     ExpectReadsDisplay("TrackLite", "Name", &DataTrackLite::name);
