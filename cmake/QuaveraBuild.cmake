@@ -26,18 +26,16 @@ endif()
 if(QUAVERA_SANITIZE)
     # Without vptr: it needs the type information of the SOAP classes, which libquavera.so, for
     # which they are mere declarations, does not link.
+    # Of the debugging information, only what a report needs: lines and functions.
     add_compile_options(-fsanitize=${QUAVERA_SANITIZE} -fno-sanitize=vptr -fno-sanitize-recover=all
-                        -fno-omit-frame-pointer)
+                        -fno-omit-frame-pointer -g1)
     add_link_options(-fsanitize=${QUAVERA_SANITIZE})
 endif()
 
-# quavera_own_sources(<target>): the target's sources are ours, held to our warnings and lint.
+# quavera_own_sources(<target>): the target's sources are ours, held to our warnings.
 function(quavera_own_sources target)
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:quavera-options>)
     set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
-    if(QUAVERA_TIDY)
-        set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "clang-tidy;--quiet")
-    endif()
 endfunction()
 
 # quavera_shared_library(<target>): one of the project's libraries. It exports what its headers

@@ -54,8 +54,7 @@ set(settings
     -DCMAKE_BUILD_TYPE=None  # the quickest to compile
     -DBUILD_TESTING=ON
     -DQUAVERA_BENCHMARKS=ON
-    -DQUAVERA_WERROR=ON
-    "-DQUAVERA_SANITIZE=${SANITIZE}")
+    -DQUAVERA_WERROR=ON)
 
 configure_fails("QUAVERA_PLATFORM is \"own\". It has to be \"bundled\" or \"external\"."
     "${SOURCE_DIR}" "${library_build}" ${settings} -DQUAVERA_PLATFORM=own)
