@@ -41,7 +41,7 @@ Result<std::string> PrintTrees(const Result<Trees>& trees, const RecordClass& re
         const Result<std::string> one =
             form == Form::kText ? PrintText(xml, where, &record) : xml + "\n";
         if (!one) {
-            return one;
+            return one.failure();
         }
         all += *one;
     }
@@ -77,7 +77,7 @@ Result<std::string> Fetch(const RecordClass& record, const std::string& endpoint
                           const std::string& id, Form form) {
     const Result<std::string> answer = Ask(record, endpoint, id);
     if (!answer) {
-        return answer;
+        return answer.failure();
     }
     const Result<SoapDocument> document = SoapDocument::Open(*answer, endpoint);
     if (!document) {
@@ -95,7 +95,7 @@ Result<std::string> Fetch(const RecordClass& record, const std::string& endpoint
 Result<Done> Serve(const std::string& host, int port, const std::string& folder) {
     const Result<Done> usable = folder.empty() ? Result<Done>(Done()) : CheckFolder(folder);
     if (!usable) {
-        return usable;
+        return usable.failure();
     }
     StandIn service(folder.empty() ? Catalog() : Catalog(folder));
     // Ahead of the line below: whoever reads it may end this process at once.
@@ -103,7 +103,7 @@ Result<Done> Serve(const std::string& host, int port, const std::string& folder)
     std::signal(SIGINT, stop);
     std::signal(SIGTERM, stop);
     const Result<Done> listening = service.Listen(host, port);
-    const Result<Done> announced =
+    Result<Done> announced =
         listening ? WriteOutput("listening on " + service.Endpoint() + "\n") : listening;
     if (announced) {
         service.Serve(stopServing);

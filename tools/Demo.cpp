@@ -106,7 +106,7 @@ Result<Done> Demo() {
     if (!receiver) {
         return receiver.failure();
     }
-    const Result<Done> sent = Send(receiver->trees.get());
+    Result<Done> sent = Send(receiver->trees.get());
     receiver->trees.reset();
     int status = EXIT_FAILURE;
     waitpid(receiver->process, &status, 0);
