@@ -23,6 +23,18 @@ if(ACCEPT)
     return()
 endif()
 
+# What only the library itself can use. In a symbol, a name stands after its length.
+set(internal_names quavera ChildReader ChildWalk ElementWriter TextLines GenreLiteElements
+    TrackElements AddLines LinesOf NewElement Arena ChildList TextBuffer)
+foreach(name IN LISTS internal_names)
+    string(LENGTH "${name}" length)
+    foreach(symbol IN LISTS lines)
+        if(symbol MATCHES "[^0-9]${length}${name}")
+            message(SEND_ERROR "${NAME} exports ${symbol}, which is internal")
+        endif()
+    endforeach()
+endforeach()
+
 file(STRINGS "${record}" recorded)
 set(added ${lines})
 list(REMOVE_ITEM added ${recorded})

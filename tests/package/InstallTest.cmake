@@ -40,6 +40,13 @@ file(GLOB_RECURSE texts LIST_DIRECTORIES FALSE
     "${prefix}/*.h" "${prefix}/*.cmake" "${prefix}/*.pc" "${prefix}/share/*")
 names_none_of("${SOURCE_DIR}" "${BUILD_DIR}" "${WORK_DIR}" FILES ${texts})
 
+# --- no name in the headers that a user cannot use
+
+file(GLOB_RECURSE headers "${prefix}/*.h")
+names_none_of(
+    ChildReader ChildWalk ElementWriter TextLines AddLines ListItem Arena "friend class"
+    FILES ${headers})
+
 # --- a project that uses the CMake package
 
 find_package_in(where "${prefix}")

@@ -53,7 +53,7 @@ function(find_package_in variable prefix)
     endif()
 endfunction()
 
-# names_none_of(<folder>... FILES <file>...): no path of this machine stands in the files.
+# names_none_of(<text>... FILES <file>...): none of these texts stands in the files.
 function(names_none_of)
     cmake_parse_arguments(PARSE_ARGV 0 arg "" "" "FILES")
     foreach(file IN LISTS arg_FILES)

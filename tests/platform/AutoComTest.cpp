@@ -57,6 +57,23 @@ TEST(AutoCom, TakesOverOneReferenceAndReleasesItOnce) {
     EXPECT_EQ(object.released, 1);
 }
 
+/// Looks at its owner while it is released.
+struct Observer {
+    void Release() { wasOwned = owner->get() == this; }
+
+    const zq::auto_com<Observer>* owner = nullptr;
+    bool wasOwned = false;
+};
+
+TEST(AutoCom, OwnsItsObjectUntilThatIsReleased) {
+    Observer object;
+    {
+        const zq::auto_com<Observer> pointer(&object);
+        object.owner = &pointer;
+    }
+    EXPECT_TRUE(object.wasOwned);
+}
+
 TEST(AutoCom, MoveConstructionHandsTheReferenceOn) {
     Counted object;
     {

@@ -76,6 +76,16 @@ const FlagRow kFlags[] = {
 };
 
 // The lists compile only with members of exactly these types.
+TEST(DataAlbumLite, ListsTakeSoapRecordsAsTheyAre) {
+    EXPECT_TRUE((std::is_convertible_v<Quavera::Quavera2__LiteAlbumMetadata*, DataAlbumLite>));
+    Values values;
+    Quavera::Quavera2__LiteAlbumMetadata soap;
+    SampleAlbumLite::Fill(soap, values);
+    std::vector<DataAlbumLite> albums;
+    albums.push_back(&soap);
+    EXPECT_EQ(albums.back().albumId, *soap.albumId);
+}
+
 TEST(DataAlbumLite, FieldsHaveTheirTypesAndDefaults) {
     const DataAlbumLite album;
     for (const auto field : std::initializer_list<std::string DataAlbumLite::*>{

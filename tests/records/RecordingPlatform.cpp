@@ -217,8 +217,11 @@ void zq::AssertWrite(const char* path, int line, const StackTrace& /*trace*/) {
     TheState().calls += "AssertWrite(" + Quoted(path) + ", " + std::to_string(line) + ")\n";
 }
 
+// A codec with ways of its own: it writes a terminator, which its lengths count, and does not tell
+// how many bytes it has decoded.
+
 long Base64Encoder::EncodeGetLength(long length, long /*mode*/) const {
-    return (length + 2) / 3 * 4;
+    return (length + 2) / 3 * 4 + 1;
 }
 
 int Base64Encoder::Encode(const char* data, long length, char* text, long* textLength,
@@ -237,6 +240,7 @@ int Base64Encoder::Encode(const char* data, long length, char* text, long* textL
                           : '=';
         }
     }
+    result += '\0';
     if (static_cast<long>(result.size()) > *textLength) {
         return 0;
     }
@@ -269,6 +273,5 @@ int Base64Encoder::Decode(const char* text, long length, char* data, long* dataL
         return 0;
     }
     std::copy(result.begin(), result.end(), data);
-    *dataLength = static_cast<long>(result.size());
     return 1;
 }

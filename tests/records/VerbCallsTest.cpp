@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "common/TextConversion.h"
 #include "records/Fields.h"
 #include "tests/records/RecordingPlatform.h"
 
@@ -77,6 +78,15 @@ TEST_F(ElementWriterTest, EachVerbAddsInItsForm) {
               "13.AddChild(\"Value\", string \"a\")\n"
               "1.AppendChild(13)\n"
               "13.Release()\n");
+}
+
+TEST_F(ElementWriterTest, EncodedTextEndsAheadOfTheCodecsTerminator) {
+    EXPECT_EQ(base64EncodeString("foo"), "Zm9v");
+    EXPECT_EQ(base64EncodeString("foobar!"), "Zm9vYmFyIQ==");
+    EXPECT_EQ(base64DecodeString("Zm9v"), "foo");
+    EXPECT_EQ(DecodeAndConvertFromUtf8("Zm9v"), L"foo");
+    EXPECT_EQ(DecodeAndConvertFromUtf8(base64EncodeString(std::string(300, 'x'))),
+              std::wstring(300, L'x'));
 }
 
 TEST_F(ElementWriterTest, TakesANameThatIsPartOfALongerText) {
