@@ -33,8 +33,14 @@ install(FILES
     common/TextConversion.h
     DESTINATION ${quavera_header_dir}/common)
 # One header for each record class; the verbs that the records are written with stay inside.
-file(GLOB quavera_record_headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/records/*Dat*.h")
-install(FILES ${quavera_record_headers} DESTINATION ${quavera_header_dir}/records)
+list(TRANSFORM QUAVERA_RECORD_CLASSES REPLACE "(.+)" "records/\\1.h"
+    OUTPUT_VARIABLE quavera_record_headers)
+install(FILES
+    ${quavera_record_headers}
+    records/QuavData.h
+    records/Records.def
+    records/SoapRecords.h
+    DESTINATION ${quavera_header_dir}/records)
 
 install(EXPORT QuaveraTargets NAMESPACE Quavera:: DESTINATION ${quavera_package_dir})
 configure_package_config_file(packaging/QuaveraConfig.cmake.in QuaveraConfig.cmake

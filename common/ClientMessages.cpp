@@ -28,57 +28,22 @@ unsigned char* WriteBigEndian(unsigned char* place, unsigned int value, int size
 
 }  // namespace
 
-unsigned char* QuavClientResponse::ToBuffer() {
-    Pack(wireBytes, tag, value);
-    return wireBytes;
-}
-
-void QuavClientResponse::FromBuffer() {
-    Unpack(wireBytes, tag, value);
-}
-
-unsigned int QuavClientResponse::GetByteSize() {
-    return sizeof(wireBytes);
-}
-
-unsigned char* StartPlackbackResponse::ToBuffer() {
-    Pack(wireBytes, tag, value, param1);
-    return wireBytes;
-}
-
-void StartPlackbackResponse::FromBuffer() {
-    Unpack(wireBytes, tag, value, param1);
-}
-
-unsigned int StartPlackbackResponse::GetByteSize() {
-    return sizeof(wireBytes);
-}
-
-unsigned char* InitTrackPlaybackResponse::ToBuffer() {
-    Pack(wireBytes, tag, value, param1);
-    return wireBytes;
-}
-
-void InitTrackPlaybackResponse::FromBuffer() {
-    Unpack(wireBytes, tag, value, param1);
-}
-
-unsigned int InitTrackPlaybackResponse::GetByteSize() {
-    return sizeof(wireBytes);
-}
-
-unsigned char* GetAudioDataResponse::ToBuffer() {
-    Pack(wireBytes, tag, value, param1, param2);
-    return wireBytes;
-}
-
-void GetAudioDataResponse::FromBuffer() {
-    Unpack(wireBytes, tag, value, param1, param2);
-}
-
-unsigned int GetAudioDataResponse::GetByteSize() {
-    return sizeof(wireBytes);
-}
+// A class, and the fields that its image holds.
+#define QUAVERA_REPLY(Reply, ...)       \
+    unsigned char* Reply::ToBuffer() {  \
+        Pack(wireBytes, __VA_ARGS__);   \
+        return wireBytes;               \
+    }                                   \
+    void Reply::FromBuffer() {          \
+        Unpack(wireBytes, __VA_ARGS__); \
+    }                                   \
+    unsigned int Reply::GetByteSize() { \
+        return sizeof(wireBytes);       \
+    }
+QUAVERA_REPLY(QuavClientResponse, tag, value)
+QUAVERA_REPLY(StartPlackbackResponse, tag, value, param1)
+QUAVERA_REPLY(InitTrackPlaybackResponse, tag, value, param1)
+QUAVERA_REPLY(GetAudioDataResponse, tag, value, param1, param2)
 
 unsigned int AddDWORDToBuffer(unsigned char* buffer, unsigned int offset, unsigned int value) {
     WriteBigEndian(buffer + offset, value, 4);

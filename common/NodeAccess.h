@@ -2,9 +2,8 @@
 #define QUAVERA_COMMON_NODE_ACCESS_H_
 
 /// How the records reach nodes. Every platform library has the 15 operations of a node and the two
-/// of a list; the bundled one has more, which save work. The names below, in namespace
-/// `quavera::nodes`, are all that is used of a node beside `GetName`, `GetValue`, `GetValueInt`,
-/// `GetValueDecoded`, `FindChild` and `AppendChild`:
+/// of a list; the bundled one has more, which save work. The names below, in namespace `quavera`,
+/// are all that is used beside the 15. The functions are static members of `Nodes`.
 ///
 /// | name                            | what it is                                                |
 /// | ------------------------------- | --------------------------------------------------------- |
@@ -16,7 +15,6 @@
 /// | `AddCString(node, name, text)`  | adds a last child in the C-string form                    |
 /// | `AddText(node, name, text)`     | in the string form                                        |
 /// | `AddNumber(node, name, value)`  | in the int form                                           |
-/// | `AddUnsigned(…)`, `AddFlag(…)`  | in the unsigned form, in the bool form                    |
 /// | `AddEncoded(node, name, bytes)` | with the base64 form of the bytes, marked as encoded      |
 /// | `NewChild(parent, name)`        | a new element without text, to be appended to `parent`    |
 /// | `Decimal(value).View()`         | the platform's decimal text of a number                   |

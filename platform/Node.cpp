@@ -129,10 +129,6 @@ zq::auto_com<INode> Node::CreateNode(std::string_view name) {
     return zq::auto_com<INode>(node);
 }
 
-std::string Node::GetName() {
-    return std::string(NameText());
-}
-
 std::string Node::GetValue() {
     return HoldsBytes() ? zq::EncodeBase64(Content()) : std::string(Content());
 }
@@ -158,33 +154,17 @@ INode* Node::FindChild(const std::string& name) {
     return child;
 }
 
-INodeList* Node::GetChildren() {
-    return Children();
-}
-
 void Node::Initialize(const std::string& name, const std::string& text) {
     SetNameAndText(name, text);
     MarkEncoded(false);
 }
 
-void Node::AddChild(const std::string& name, const char* text) {
-    Node::AddCString(name, text);
-}
-
-void Node::AddChild(const std::string& name, const std::string& text) {
-    AddElement(name, text);
-}
-
-void Node::AddChild(const std::string& name, int value) {
-    Node::AddNumber(name, value);
-}
-
 void Node::AddChild(const std::string& name, unsigned long value) {
-    Node::AddUnsigned(name, value);
+    AddElement(name, zq::Decimal(static_cast<std::uint32_t>(value)).View());
 }
 
 void Node::AddChild(const std::string& name, bool value) {
-    Node::AddFlag(name, value);
+    AddElement(name, value ? std::string_view(TRUE_STRING) : "false");
 }
 
 void Node::AddChildEncoded(const std::string& name, const std::string& text) {
@@ -210,20 +190,8 @@ void Node::AddCString(std::string_view name, const char* text) {
     AddElement(name, text == nullptr ? std::string_view() : std::string_view(text));
 }
 
-void Node::AddText(std::string_view name, std::string_view text) {
-    AddElement(name, text);
-}
-
 void Node::AddNumber(std::string_view name, int value) {
     AddElement(name, zq::Decimal(value).View());
-}
-
-void Node::AddUnsigned(std::string_view name, unsigned long value) {
-    AddElement(name, zq::Decimal(static_cast<std::uint32_t>(value)).View());
-}
-
-void Node::AddFlag(std::string_view name, bool value) {
-    AddElement(name, value ? std::string_view(TRUE_STRING) : "false");
 }
 
 /// Most readers are after the bytes, so they are what is kept; the text is made for those who ask.

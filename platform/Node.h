@@ -44,19 +44,21 @@ class Node final : public INode {
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
 
-    std::string GetName() override;
+    std::string GetName() override { return std::string(NameText()); }
     std::string GetValue() override;
     int GetValueInt() override;
     INode* FindChild(const std::string& name) override;
     void AppendChild(INode* child) override;
-    void AddChild(const std::string& name, const char* text) override;
-    void AddChild(const std::string& name, const std::string& text) override;
-    void AddChild(const std::string& name, int value) override;
+    void AddChild(const std::string& name, const char* text) override { AddCString(name, text); }
+    void AddChild(const std::string& name, const std::string& text) override {
+        AddElement(name, text);
+    }
+    void AddChild(const std::string& name, int value) override { AddNumber(name, value); }
     void AddChild(const std::string& name, unsigned long value) override;
     void AddChild(const std::string& name, bool value) override;
     void AddChildEncoded(const std::string& name, const std::string& text) override;
     std::string GetValueDecoded() override;
-    INodeList* GetChildren() override;
+    INodeList* GetChildren() override { return Children(); }
     void Initialize(const std::string& name, const std::string& text) override;
     void Release() override;
 
@@ -65,10 +67,8 @@ class Node final : public INode {
     INodeList* GetChildrenIfAny() override { return FirstChild() == nullptr ? nullptr : children_; }
     NodeView View() override;
     void AddCString(std::string_view name, const char* text) override;
-    void AddText(std::string_view name, std::string_view text) override;
+    void AddText(std::string_view name, std::string_view text) override { AddElement(name, text); }
     void AddNumber(std::string_view name, int value) override;
-    void AddUnsigned(std::string_view name, unsigned long value) override;
-    void AddFlag(std::string_view name, bool value) override;
     void AddEncoded(std::string_view name, std::string_view bytes) override;
     zq::auto_com<INode> CreateNode(std::string_view name) override;
 

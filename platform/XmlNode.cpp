@@ -63,14 +63,6 @@ void INode::AddNumber(std::string_view name, int value) {
     AddChild(std::string(name), value);
 }
 
-void INode::AddUnsigned(std::string_view name, unsigned long value) {
-    AddChild(std::string(name), value);
-}
-
-void INode::AddFlag(std::string_view name, bool value) {
-    AddChild(std::string(name), value);
-}
-
 void INode::AddEncoded(std::string_view name, std::string_view bytes) {
     AddChildEncoded(std::string(name), zq::EncodeBase64(bytes));
 }

@@ -133,15 +133,12 @@ class ZQ_API INode {
     /// Name and text without copies. The default body shows neither.
     virtual NodeView View();
 
-    /// The operations that add a child, with views in place of strings, which saves making them.
-    /// Each default body calls the operation of the 15 that the child's form names: the C-string
-    /// form, the string form, the int, the unsigned and the bool form, and `AddChildEncoded` of the
-    /// base64 form of `bytes`.
+    /// Operations that add a child, with views in place of strings, which saves making them. Each
+    /// default body calls the operation of the 15 that the child's form names: `AddChild` in the
+    /// C-string, the string and the int form, and `AddChildEncoded` of the base64 form of `bytes`.
     virtual void AddCString(std::string_view name, const char* text);
     virtual void AddText(std::string_view name, std::string_view text);
     virtual void AddNumber(std::string_view name, int value);
-    virtual void AddUnsigned(std::string_view name, unsigned long value);
-    virtual void AddFlag(std::string_view name, bool value);
     virtual void AddEncoded(std::string_view name, std::string_view bytes);
     /// A new node of that name, without text, that is meant to become part of this node's tree and
     /// may share memory with it. Like the result of `CreateXmlNode`, it is still to be appended.

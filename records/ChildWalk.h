@@ -16,7 +16,7 @@ class ChildWalk {
  public:
     /// `element` may be null, and then has no children.
     explicit ChildWalk(ZQXML::INode* element)
-        : children_(element == nullptr ? nullptr : quavera::nodes::ChildrenOf(element)) {}
+        : children_(element == nullptr ? nullptr : quavera::Nodes::ChildrenOf(element)) {}
     ChildWalk(const ChildWalk&) = delete;
     ChildWalk& operator=(const ChildWalk&) = delete;
     ~ChildWalk() = default;
@@ -42,12 +42,12 @@ class ChildWalk {
 
     /// About how many children there are, or 0.
     std::size_t CountHint() const {
-        return children_ == nullptr ? 0 : quavera::nodes::CountHint(children_);
+        return children_ == nullptr ? 0 : quavera::Nodes::CountHint(children_);
     }
 
  private:
-    using NodeView = quavera::nodes::NodeView;
-    using TextForm = quavera::nodes::TextForm;
+    using NodeView = quavera::NodeView;
+    using TextForm = quavera::TextForm;
 
     static constexpr unsigned int kRoom = 16;
 
@@ -57,8 +57,8 @@ class ChildWalk {
         if (children_ == nullptr) {
             return false;
         }
-        end_ += isBegun_ ? quavera::nodes::ViewNext(children_, views_, kRoom)
-                         : quavera::nodes::ViewFirst(children_, views_, kRoom);
+        end_ += isBegun_ ? quavera::Nodes::ViewNext(children_, views_, kRoom)
+                         : quavera::Nodes::ViewFirst(children_, views_, kRoom);
         isBegun_ = true;
         if (end_ == views_) {
             children_ = nullptr;

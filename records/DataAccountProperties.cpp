@@ -46,21 +46,19 @@ void DataAccountProperties::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataAccountProperties::ToString() {
-    TextLines lines;
-    lines.Plain("accountType", accountType);
-    lines.Plain("cobrand", cobrand);
-    lines.Plain("country", country);
-    lines.Unsigned("dateCreated", dateCreated);
-    lines.Display("email", email);
-    lines.Display("firstName", firstName);
-    lines.Number("freePlaysAllowed", freePlaysAllowed);
-    lines.Number("freePlaysRemaining", freePlaysRemaining);
+void AddLines(const DataAccountProperties& account, TextLines& lines) {
+    lines.Plain("accountType", account.accountType);
+    lines.Plain("cobrand", account.cobrand);
+    lines.Plain("country", account.country);
+    lines.Unsigned("dateCreated", account.dateCreated);
+    lines.Display("email", account.email);
+    lines.Display("firstName", account.firstName);
+    lines.Number("freePlaysAllowed", account.freePlaysAllowed);
+    lines.Number("freePlaysRemaining", account.freePlaysRemaining);
     lines.Unsigned("freeTrialTimeLeftInMillis",
-                   static_cast<std::uint32_t>(freeTrialTimeLeftInMillis));
-    lines.Unsigned("quavera25MonthReset", quavera25MonthReset);
-    lines.Unsigned("trialTerminationDate", trialTerminationDate);
-    lines.Display("userName", userName);
-    lines.Plain("zip", zip);
-    return lines.Take();
+                   static_cast<std::uint32_t>(account.freeTrialTimeLeftInMillis));
+    lines.Unsigned("quavera25MonthReset", account.quavera25MonthReset);
+    lines.Unsigned("trialTerminationDate", account.trialTerminationDate);
+    lines.Display("userName", account.userName);
+    lines.Plain("zip", account.zip);
 }

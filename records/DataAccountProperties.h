@@ -6,10 +6,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__AccountMetaData;
-}
+#include "records/SoapRecords.h"
 
 /// What the service reports of a member's account. The numbers are the service's own; dates have an
 /// epoch that only the service knows.

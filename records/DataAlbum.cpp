@@ -33,15 +33,13 @@ void DataAlbum::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataAlbum::ToString() {
-    TextLines lines;
-    lines.Plain("AlbumArt70x70Url", albumArt70x70Url);
-    lines.Plain("copyright", copyright);
-    lines.Plain("label", label);
-    lines.Unbroken("nonDisplayableAlbumTypes ", nonDisplayableAlbumTypes);
-    lines.Nested("primaryArtist", primaryArtist);
-    lines.Records("Track ", tracks);
-    lines.Plain("upccode", upccode);
-    lines.Of<DataAlbumLite>(*this);
-    return lines.Take();
+void AddLines(const DataAlbum& album, TextLines& lines) {
+    lines.Plain("AlbumArt70x70Url", album.albumArt70x70Url);
+    lines.Plain("copyright", album.copyright);
+    lines.Plain("label", album.label);
+    lines.Unbroken("nonDisplayableAlbumTypes ", album.nonDisplayableAlbumTypes);
+    lines.Nested("primaryArtist", album.primaryArtist);
+    lines.Records("Track ", album.tracks);
+    lines.Plain("upccode", album.upccode);
+    lines.Of<DataAlbumLite>(album);
 }

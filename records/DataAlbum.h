@@ -8,10 +8,7 @@
 #include "records/DataAlbumLite.h"
 #include "records/DataArtistLite.h"
 #include "records/DataTrackInfo.h"
-
-namespace Quavera {
-class Quavera2__AlbumMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// The full album of an album page: the summary, and what only the page shows.
 ///

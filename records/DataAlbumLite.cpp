@@ -103,10 +103,6 @@ void DataAlbumLite::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataAlbumLite::ToString() {
-    return LinesOf(*this);
-}
-
 void AddLines(const DataAlbumLite& album, TextLines& lines) {
     lines.Plain("albumArt162x162Url", album.albumArt162x162Url);
     lines.Plain("albumId", album.albumId);

@@ -7,10 +7,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__LiteAlbumMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// An album's summary, as lists, artist pages and libraries carry it; the base of `DataAlbum`.
 ///

@@ -44,14 +44,12 @@ void DataAlbumReview::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataAlbumReview::ToString() {
-    TextLines lines;
-    lines.DisplayAfter("Author= ", author);  // log readers know it without the blank
-    lines.Display("Blurb", blurb);
-    lines.Number("BlurbSize", blurbSize);
-    lines.Display("Detail", detail);
-    lines.Number("DetailSize", detailSize);
-    lines.Plain("PublishDate", publishDate);
-    lines.Display("Title", title);
-    return lines.Take();
+void AddLines(const DataAlbumReview& review, TextLines& lines) {
+    lines.DisplayAfter("Author= ", review.author);  // log readers know it without the blank
+    lines.Display("Blurb", review.blurb);
+    lines.Number("BlurbSize", review.blurbSize);
+    lines.Display("Detail", review.detail);
+    lines.Number("DetailSize", review.detailSize);
+    lines.Plain("PublishDate", review.publishDate);
+    lines.Display("Title", review.title);
 }

@@ -5,10 +5,7 @@
 
 #include "common/Export.h"
 #include "platform/zqshared.h"
-
-namespace Quavera {
-class Quavera2__AlbumReviewMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// An editorial review of an album.
 ///

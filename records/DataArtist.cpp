@@ -30,14 +30,12 @@ void DataArtist::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataArtist::ToString() {
-    TextLines lines;
-    lines.Nested("artistStation", artistStation);
-    lines.Records("Album ", albums);
-    lines.Display("bio", bio);
-    lines.Display("bioAuthor", bioAuthor);
-    lines.Display("blurb", blurb);
-    lines.Records("Genres ", genres);
-    lines.Of<DataArtistLite>(*this);
-    return lines.Take();
+void AddLines(const DataArtist& artist, TextLines& lines) {
+    lines.Nested("artistStation", artist.artistStation);
+    lines.Records("Album ", artist.albums);
+    lines.Display("bio", artist.bio);
+    lines.Display("bioAuthor", artist.bioAuthor);
+    lines.Display("blurb", artist.blurb);
+    lines.Records("Genres ", artist.genres);
+    lines.Of<DataArtistLite>(artist);
 }

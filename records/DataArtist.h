@@ -9,10 +9,7 @@
 #include "records/DataArtistLite.h"
 #include "records/DataGenreLite.h"
 #include "records/DataStationLite.h"
-
-namespace Quavera {
-class Quavera2__ArtistMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// The artist of an artist page: the summary with albums, station, biography and genres.
 ///

@@ -27,10 +27,6 @@ void DataArtistLite::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataArtistLite::ToString() {
-    return LinesOf(*this);
-}
-
 void AddLines(const DataArtistLite& artist, TextLines& lines) {
     lines.Plain("artistId", artist.artistId);
     lines.Display("name", artist.name);

@@ -5,10 +5,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__LiteArtistMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// An artist's summary: what lists, search results and albums carry of the artist.
 ///

@@ -40,16 +40,14 @@ void DataGenre::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataGenre::ToString() {
-    TextLines lines;
-    lines.Display("abbreviation", abbreviation);
-    lines.Display("displayName", displayName);
-    lines.Plain("genreId", genreId);
-    lines.Display("name", name);
-    lines.Number("subGenreCount", subGenreCount);
-    lines.Number("parentGenreCount", parentGenreCount);
-    lines.Records("childGenres ", childGenres);
-    lines.Records("parentGenres ", parentGenres);
-    lines.Plain("primaryParentGenreId", primaryParentGenreId);
-    return lines.Take();
+void AddLines(const DataGenre& genre, TextLines& lines) {
+    lines.Display("abbreviation", genre.abbreviation);
+    lines.Display("displayName", genre.displayName);
+    lines.Plain("genreId", genre.genreId);
+    lines.Display("name", genre.name);
+    lines.Number("subGenreCount", genre.subGenreCount);
+    lines.Number("parentGenreCount", genre.parentGenreCount);
+    lines.Records("childGenres ", genre.childGenres);
+    lines.Records("parentGenres ", genre.parentGenres);
+    lines.Plain("primaryParentGenreId", genre.primaryParentGenreId);
 }

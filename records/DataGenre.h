@@ -6,10 +6,7 @@
 
 #include "platform/zqshared.h"
 #include "records/DataGenreLite.h"
-
-namespace Quavera {
-class Quavera2__GenreMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// The full genre, with its child and parent genres.
 ///

@@ -24,10 +24,6 @@ void DataGenreLite::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataGenreLite::ToString() {
-    return LinesOf(*this);
-}
-
 void AddLines(const DataGenreLite& genre, TextLines& lines) {
     lines.Plain("genreId", genre.genreId);
     lines.Display("name", genre.name);

@@ -5,10 +5,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__LiteGenreMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// A genre's summary, as lists carry it, and other genres as parent or child.
 ///

@@ -30,14 +30,12 @@ void DataImage::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataImage::ToString() {
-    TextLines lines;
-    lines.Plain("copyright", copyright);
-    lines.Number("height", height);
-    lines.Plain("imageFormat", imageFormat);
-    lines.Plain("imageId", imageId);
-    lines.Display("title", title);
-    lines.Plain("url", url);
-    lines.Number("width", width);
-    return lines.Take();
+void AddLines(const DataImage& image, TextLines& lines) {
+    lines.Plain("copyright", image.copyright);
+    lines.Number("height", image.height);
+    lines.Plain("imageFormat", image.imageFormat);
+    lines.Plain("imageId", image.imageId);
+    lines.Display("title", image.title);
+    lines.Plain("url", image.url);
+    lines.Number("width", image.width);
 }

@@ -5,10 +5,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__ImageMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// A picture that the service offers: cover art, an artist's photo.
 ///

@@ -22,9 +22,7 @@ void DataIndex::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataIndex::ToString() {
-    TextLines lines;
-    lines.Plain("letter", letter);
-    lines.Number("start", start);
-    return lines.Take();
+void AddLines(const DataIndex& index, TextLines& lines) {
+    lines.Plain("letter", index.letter);
+    lines.Number("start", index.start);
 }

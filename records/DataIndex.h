@@ -5,10 +5,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__AlphaIndexPosition;
-}
+#include "records/SoapRecords.h"
 
 /// An entry of the alphabetic index over a long list: where a letter's items begin.
 ///

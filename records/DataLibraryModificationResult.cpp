@@ -27,9 +27,7 @@ void DataLibraryModificationResult::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataLibraryModificationResult::ToString() {
-    TextLines lines;
-    lines.Unsigned("libraryLastDateModified", libraryLastDateModified);
-    lines.Each("id", ids);
-    return lines.Take();
+void AddLines(const DataLibraryModificationResult& result, TextLines& lines) {
+    lines.Unsigned("libraryLastDateModified", result.libraryLastDateModified);
+    lines.Each("id", result.ids);
 }

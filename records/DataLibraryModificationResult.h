@@ -6,10 +6,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__LibraryModificationResult;
-}
+#include "records/SoapRecords.h"
 
 /// The answer to a change of a member's library: what it touched, and the library's new stamp.
 ///

@@ -26,11 +26,9 @@ void DataMemberLibrary::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataMemberLibrary::ToString() {
-    TextLines lines;
-    lines.Records("Track ", tracks);
-    lines.Records("Playlist ", playlists);
-    lines.Records("Station ", stations);
-    lines.Of<DataMemberLibraryLite>(*this);
-    return lines.Take();
+void AddLines(const DataMemberLibrary& library, TextLines& lines) {
+    lines.Records("Track ", library.tracks);
+    lines.Records("Playlist ", library.playlists);
+    lines.Records("Station ", library.stations);
+    lines.Of<DataMemberLibraryLite>(library);
 }

@@ -9,10 +9,7 @@
 #include "records/DataPlaylistLite.h"
 #include "records/DataStationLite.h"
 #include "records/DataTrackInfo.h"
-
-namespace Quavera {
-class Quavera2__MemberLibrary;
-}
+#include "records/SoapRecords.h"
 
 /// A member's library: the header with tracks, playlists and stations.
 ///

@@ -23,10 +23,6 @@ void DataMemberLibraryLite::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataMemberLibraryLite::ToString() {
-    return LinesOf(*this);
-}
-
 void AddLines(const DataMemberLibraryLite& library, TextLines& lines) {
     lines.Unsigned("lastModifiedDate", library.lastModifiedDate);
     lines.Display("memberId", library.memberId);

@@ -6,10 +6,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera5__LiteMemberLibrary;
-}
+#include "records/SoapRecords.h"
 
 /// The header of a member's library: whose it is, and when it was last changed.
 ///

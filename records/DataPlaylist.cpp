@@ -19,9 +19,7 @@ void DataPlaylist::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataPlaylist::ToString() {
-    TextLines lines;
-    lines.Records("Track ", tracks);
-    lines.Of<DataPlaylistLite>(*this);
-    return lines.Take();
+void AddLines(const DataPlaylist& playlist, TextLines& lines) {
+    lines.Records("Track ", playlist.tracks);
+    lines.Of<DataPlaylistLite>(playlist);
 }

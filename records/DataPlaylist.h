@@ -7,10 +7,7 @@
 #include "platform/zqshared.h"
 #include "records/DataPlaylistLite.h"
 #include "records/DataTrackInfo.h"
-
-namespace Quavera {
-class Quavera2__PlaylistMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// The full playlist: the summary with the tracks.
 ///

@@ -28,10 +28,6 @@ void DataPlaylistLite::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataPlaylistLite::ToString() {
-    return LinesOf(*this);
-}
-
 void AddLines(const DataPlaylistLite& playlist, TextLines& lines) {
     lines.Plain("createdDate", playlist.createdDate);
     lines.Plain("lastModifiedDate", playlist.lastModifiedDate);

@@ -5,10 +5,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__LitePlaylistMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// A playlist's summary, as member libraries carry it.
 ///

@@ -19,6 +19,6 @@ void DataStation::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataStation::ToString() {
-    return DataStationLite::ToString();
+void AddLines(const DataStation& station, TextLines& lines) {
+    lines.Of<DataStationLite>(station);
 }

@@ -5,10 +5,7 @@
 
 #include "platform/zqshared.h"
 #include "records/DataStationLite.h"
-
-namespace Quavera {
-class Quavera2__StationMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// A station as a result of its own: the summary's fields, elements and text.
 ///

@@ -26,10 +26,6 @@ void DataStationLite::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataStationLite::ToString() {
-    return LinesOf(*this);
-}
-
 void AddLines(const DataStationLite& station, TextLines& lines) {
     lines.Display("name", station.name);
     lines.Plain("stationId", station.stationId);

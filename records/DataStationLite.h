@@ -6,10 +6,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__LiteStationMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// A station's summary, as artists and member libraries carry it.
 ///

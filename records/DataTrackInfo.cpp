@@ -58,10 +58,6 @@ void DataTrackInfo::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataTrackInfo::ToString() {
-    return LinesOf(*this);
-}
-
 void AddLines(const DataTrackInfo& track, TextLines& lines) {
     lines.Plain("AlbumId", track.albumId);
     lines.Plain("AlbumId", track.albumId);  // printed twice: log readers rely on it

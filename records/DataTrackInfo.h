@@ -5,10 +5,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__LiteTrackMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// One track, as the service lists it: the item of an album's, a playlist's and a library's tracks.
 ///

@@ -18,7 +18,7 @@ void ElementWriter::NumberUnlessZero(std::string_view name, int value) {
 
 void ElementWriter::Unsigned(std::string_view name, const unsigned long* value) {
     if (value != nullptr) {
-        quavera::nodes::AddUnsigned(element_, name, *value);
+        element_->AddChild(std::string(name), *value);
     }
 }
 
@@ -38,7 +38,7 @@ void ElementWriter::HexLetter(std::string_view name, const std::string* text) {
 
 void ElementWriter::Flag(std::string_view name, const bool* value) {
     if (value != nullptr) {
-        quavera::nodes::AddFlag(element_, name, *value);
+        element_->AddChild(std::string(name), *value);
     }
 }
 
@@ -53,7 +53,7 @@ void ElementWriter::ValuesUnlessEmpty(std::string_view name,
     if (texts.empty()) {
         return;
     }
-    const auto list = quavera::nodes::NewChild(element_, name);
+    const auto list = quavera::Nodes::NewChild(element_, name);
     for (const std::string& text : texts) {
         ElementWriter(list.get()).String("Value", &text);
     }
@@ -87,7 +87,7 @@ void ChildReader::EachDecoded(std::string_view name, std::vector<std::string>& f
 }
 
 void TextLines::Unsigned(std::string_view label, unsigned long value) {
-    Plain(label, quavera::nodes::Decimal(value).View());
+    Plain(label, quavera::Decimal(value).View());
 }
 
 void TextLines::Each(std::string_view label, const std::vector<std::string>& texts) {

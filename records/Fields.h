@@ -18,62 +18,37 @@
 #include "records/QuavData.h"
 
 /// The verbs that the records are written with. A record's three directions are blocks of rows, one
-/// for each element or line, and a verb names the form that the row's value takes.
+/// for each element or line, and a verb names the form that the row's value takes: W when a SOAP
+/// record's member is written (ElementWriter), R when a field is read (ChildReader), T in the log
+/// text (TextLines).
 ///
-/// Writing, by ElementWriter:
-///
-/// | verb              | member          | element                                               |
-/// | ----------------- | --------------- | ----------------------------------------------------- |
-/// | Plain             | text            | the text, in the node's C-string form                 |
-/// | String            | text            | the same in the string form, which stations and a     |
-/// |                   |                 | record's own fields have: receivers' nodes may tell   |
-/// | Display           | text            | base64 of the text, marked as encoded                 |
-/// | Number            | int             | decimal, in the int form                              |
-/// | NumberUnlessZero  | int by value    | the same; zero stands for "absent"                    |
-/// | Unsigned          | unsigned, 32 bits | decimal, in the unsigned form                       |
-/// | Decimal           | any integer     | decimal as a text, in the C-string form: an account's |
-/// | DecimalString     | int             | the same in the string form: an index's, a genre's    |
-/// | HexLetter         | text            | the code of its first byte, two hexadecimal digits    |
-/// | Flag              | bool            | "true" or "false"                                     |
-/// | FlagIfTrue        | bool by value   | the same; false stands for "absent"                   |
-/// | Nested            | SOAP record     | an element of its own                                 |
-/// | Records           | wrapper of SOAP records | an element with one for each                  |
-/// | RecordsAlways     | the same        | the same, also of a null wrapper: a genre's           |
-/// | Values            | wrapper of texts | an element with a "Value" for each                   |
-/// | ValuesUnlessEmpty | vector of texts | the same in the string form; nothing without texts    |
-/// | Each              | wrapper of texts | an element for each, as of Plain                     |
-///
-/// Reading, by ChildReader:
-///
-/// | verb         | field             | value | | ------------ | ----------------- |
-/// ---------------------------------------------------------- | | Plain        | `std::string` |
-/// the text                                                   | | Display      | `std::wstring` |
-/// what the text stands for in base64 and UTF-8               | | Number       | int | what the
-/// node takes the text for                           | | Unsigned     | unsigned, 32 bits or more |
-/// the same modulo 2^32                               | | HexLetter    | `std::string`     | one
-/// byte, whose code is the text                           | | Flag         | bool              |
-/// set where the text is that of a true flag, never cleared   | | Nested       | a record | filled
-/// from the element                                    | | Records      | vector of records | an
-/// item for each child, whatever its name                  | | RecordsNamed | the same          |
-/// an item for each child of that name: a genre's             | | Values       | vector of texts |
-/// the text of each child, whatever its name                  | | Each         | vector of texts |
-/// the text of this element                                   | | EachDecoded  | the same | the
-/// same, decoded where the node marks it as encoded       |
-///
-/// Log text, by TextLines:
-///
-/// | verb         | field             | text | | ------------ | ----------------- |
-/// ---------------------------------------------------------- | | Plain        | text | "label =
-/// text\r\n"                                         | | Display      | wide text         | the
-/// same in UTF-8                                          | | DisplayAfter | wide text         |
-/// the same, the label written as it stands                   | | Number, Unsigned | number | the
-/// same in decimal                                        | | Flag         | bool              |
-/// the same, "true" or "false"                                | | Nested       | a record | the
-/// same with the record's own text                        | | Each         | vector of texts   | a
-/// line for each                                            | | Unbroken     | vector of texts   |
-/// each right after the prefix, without line ends             | | Records      | vector of records
-/// | their own texts, each right after the prefix               | | Of           | a record | its
-/// lines, among the others                                |
+/// | verb              |  in   | field               | element, or line of the log text | |
+/// ----------------- | ----- | ------------------- | ---------------------------------------------
+/// | | Plain             | W R T | text                | the text, in the node's C-string form | |
+/// String            | W     | text                | in the string form, which stations and a | |
+/// |       |                     | record's own fields have: nodes may tell      | | Display | W R
+/// T | text; wide text     | base64 of UTF-8, marked; UTF-8                | | DisplayAfter      |
+/// T     | wide text           | UTF-8, after a label written as it stands     | | Number | W R T |
+/// int                 | decimal, in the int form                      | | NumberUnlessZero  | W |
+/// int by value        | the same; zero stands for "absent"            | | Unsigned          | W R
+/// T | unsigned, 32 bits   | decimal, in the unsigned form                 | | Decimal           |
+/// W     | any integer         | decimal in the C-string form: an account's    | | DecimalString |
+/// W     | int                 | in the string form: an index's, a genre's     | | HexLetter | W R
+/// | text                | its first byte's code in hexadecimal          | | Flag              | W
+/// R T | bool                | "true" or "false"; reading never clears one   | | FlagIfTrue | W |
+/// bool by value       | the same; false stands for "absent"           | | Nested            | W R
+/// T | a record            | its own element; its own text                 | | Of                |
+/// T     | a record            | its lines, among the others                   | | Records | W R T
+/// | list of records     | an element with one for each, read whatever   | |                   | |
+/// | its name; their texts, each after the prefix  | | RecordsAlways     | W     | the same | also
+/// of a null wrapper: a genre's             | | RecordsNamed      | R     | the same            |
+/// items of one name only: a genre's             | | Values            | W R   | list of texts | an
+/// element with a "Value" for each, read      | |                   |       |                     |
+/// whatever its name                             | | ValuesUnlessEmpty | W     | the same | in the
+/// string form; nothing without texts     | | Each              | W R T | the same            | an
+/// element, or a line, for each               | | EachDecoded       | R     | the same            |
+/// decoded where the node marks it as encoded    | | Unbroken          | T     | the same | each
+/// after the prefix, without line ends      |
 
 /// A new element of that name, without text.
 zq::auto_com<ZQXML::INode> NewElement(std::string_view name);
@@ -95,22 +70,22 @@ class ElementWriter {
 
     void Plain(std::string_view name, const std::string* text) {
         if (text != nullptr) {
-            quavera::nodes::AddCString(element_, name, text->c_str());
+            quavera::Nodes::AddCString(element_, name, text->c_str());
         }
     }
     void String(std::string_view name, const std::string* text) {
         if (text != nullptr) {
-            quavera::nodes::AddText(element_, name, *text);
+            quavera::Nodes::AddText(element_, name, *text);
         }
     }
     void Display(std::string_view name, const std::string* text) {
         if (text != nullptr) {
-            quavera::nodes::AddEncoded(element_, name, *text);
+            quavera::Nodes::AddEncoded(element_, name, *text);
         }
     }
     void Number(std::string_view name, const int* value) {
         if (value != nullptr) {
-            quavera::nodes::AddNumber(element_, name, *value);
+            quavera::Nodes::AddNumber(element_, name, *value);
         }
     }
     void NumberUnlessZero(std::string_view name, int value);
@@ -131,7 +106,7 @@ class ElementWriter {
     template <class Writer, class Soap>
     void Nested(std::string_view name, Soap* soap) {
         if (soap != nullptr) {
-            const auto child = quavera::nodes::NewChild(element_, name);
+            const auto child = quavera::Nodes::NewChild(element_, name);
             Writer::ToXML(child.get(), soap);
             element_->AppendChild(child.get());
         }
@@ -147,7 +122,7 @@ class ElementWriter {
     }
     template <class Writer, class Wrapper>
     void RecordsAlways(std::string_view name, std::string_view itemName, const Wrapper* wrapper) {
-        const auto list = quavera::nodes::NewChild(element_, name);
+        const auto list = quavera::Nodes::NewChild(element_, name);
         for (int at = 0; wrapper != nullptr && at < wrapper->count; ++at) {
             ElementWriter(list.get()).Nested<Writer>(itemName, wrapper->items[at]);
         }
@@ -157,7 +132,7 @@ class ElementWriter {
     template <class Wrapper>
     void Values(std::string_view name, const Wrapper* wrapper) {
         if (wrapper != nullptr) {
-            const auto list = quavera::nodes::NewChild(element_, name);
+            const auto list = quavera::Nodes::NewChild(element_, name);
             ElementWriter(list.get()).Each("Value", wrapper);
             element_->AppendChild(list.get());
         }
@@ -338,9 +313,7 @@ class TextLines {
         text_.Append(label);
         EndWith(text);
     }
-    void Number(std::string_view label, int value) {
-        Plain(label, quavera::nodes::Decimal(value).View());
-    }
+    void Number(std::string_view label, int value) { Plain(label, quavera::Decimal(value).View()); }
     void Unsigned(std::string_view label, unsigned long value);
     void Flag(std::string_view label, bool value) { Plain(label, zq::ToString(value)); }
     void Each(std::string_view label, const std::vector<std::string>& texts);
@@ -392,14 +365,6 @@ class TextLines {
 
     quavera::TextBuffer text_;
 };
-
-/// The log text of a record that has `AddLines`.
-template <class Record>
-std::string LinesOf(const Record& record) {
-    TextLines lines;
-    AddLines(record, lines);
-    return lines.Take();
-}
 
 /// Whether `node` is an element of that name; a null one is not.
 bool IsNamed(ZQXML::INode* node, const std::string& name);

@@ -8,57 +8,39 @@
 #include "platform/Decimal.h"
 #include "platform/zqshared.h"
 
-/// common/NodeAccess.h by the further operations of the bundled platform library.
-namespace quavera::nodes {
+namespace quavera {
 
 using zq::Decimal;
 using ZQXML::NodeView;
 using ZQXML::TextForm;
 
-inline ZQXML::INodeList* ChildrenOf(ZQXML::INode* node) {
-    return node->GetChildrenIfAny();
-}
+/// common/NodeAccess.h by the further operations of the bundled platform library.
+struct Nodes {
+    using List = ZQXML::INodeList;
+    using Node = ZQXML::INode;
+    using Text = std::string_view;
 
-inline unsigned int ViewFirst(ZQXML::INodeList* list, NodeView* views, unsigned int room) {
-    return list->ViewFirst(views, room);
-}
+    static List* ChildrenOf(Node* node) { return node->GetChildrenIfAny(); }
+    static unsigned int ViewFirst(List* list, NodeView* views, unsigned int room) {
+        return list->ViewFirst(views, room);
+    }
+    static unsigned int ViewNext(List* list, NodeView* views, unsigned int room) {
+        return list->ViewNext(views, room);
+    }
+    static std::size_t CountHint(List* list) { return list->CountHint(); }
+    static void AddCString(Node* node, Text name, const char* text) {
+        node->AddCString(name, text);
+    }
+    static void AddText(Node* node, Text name, const std::string& text) {
+        node->AddText(name, text);
+    }
+    static void AddNumber(Node* node, Text name, int value) { node->AddNumber(name, value); }
+    static void AddEncoded(Node* node, Text name, const std::string& bytes) {
+        node->AddEncoded(name, bytes);
+    }
+    static zq::auto_com<Node> NewChild(Node* parent, Text name) { return parent->CreateNode(name); }
+};
 
-inline unsigned int ViewNext(ZQXML::INodeList* list, NodeView* views, unsigned int room) {
-    return list->ViewNext(views, room);
-}
-
-inline std::size_t CountHint(ZQXML::INodeList* list) {
-    return list->CountHint();
-}
-
-inline void AddCString(ZQXML::INode* node, std::string_view name, const char* text) {
-    node->AddCString(name, text);
-}
-
-inline void AddText(ZQXML::INode* node, std::string_view name, const std::string& text) {
-    node->AddText(name, text);
-}
-
-inline void AddNumber(ZQXML::INode* node, std::string_view name, int value) {
-    node->AddNumber(name, value);
-}
-
-inline void AddUnsigned(ZQXML::INode* node, std::string_view name, unsigned long value) {
-    node->AddUnsigned(name, value);
-}
-
-inline void AddFlag(ZQXML::INode* node, std::string_view name, bool value) {
-    node->AddFlag(name, value);
-}
-
-inline void AddEncoded(ZQXML::INode* node, std::string_view name, const std::string& bytes) {
-    node->AddEncoded(name, bytes);
-}
-
-inline zq::auto_com<ZQXML::INode> NewChild(ZQXML::INode* parent, std::string_view name) {
-    return parent->CreateNode(name);
-}
-
-}  // namespace quavera::nodes
+}  // namespace quavera
 
 #endif  // QUAVERA_COMMON_BUNDLED_PLATFORM_NODES_H_

@@ -8,8 +8,7 @@
 #include "common/BorrowedText.h"
 #include "platform/zqshared.h"
 
-/// common/NodeAccess.h by what every platform library has.
-namespace quavera::nodes {
+namespace quavera {
 
 enum class TextForm { kPlain, kBase64, kBytes, kUnseen };
 
@@ -35,57 +34,43 @@ class Decimal {
     std::string text_;
 };
 
-inline ZQXML::INodeList* ChildrenOf(ZQXML::INode* node) {
-    return node->GetChildren();
-}
+/// common/NodeAccess.h by what every platform library has.
+struct Nodes {
+    using List = ZQXML::INodeList;
+    using Node = ZQXML::INode;
+    using Text = std::string_view;
 
-inline unsigned int ViewOne(ZQXML::INode* child, NodeView* views) {
-    *views = {child, nullptr, 0, TextForm::kUnseen};
-    return child == nullptr ? 0 : 1;
-}
+    static List* ChildrenOf(Node* node) { return node->GetChildren(); }
+    static unsigned int ViewFirst(List* list, NodeView* views, unsigned int /*room*/) {
+        return ViewOne(list->First(), views);
+    }
+    static unsigned int ViewNext(List* list, NodeView* views, unsigned int /*room*/) {
+        return ViewOne(list->Next(), views);
+    }
+    static unsigned int ViewOne(Node* child, NodeView* views) {
+        *views = {child, nullptr, 0, TextForm::kUnseen};
+        return child == nullptr ? 0 : 1;
+    }
+    static std::size_t CountHint(List* /*list*/) { return 0; }
+    static void AddCString(Node* node, Text name, const char* text) {
+        node->AddChild(std::string(name), text);
+    }
+    static void AddText(Node* node, Text name, const std::string& text) {
+        node->AddChild(std::string(name), text);
+    }
+    static void AddNumber(Node* node, Text name, int value) {
+        node->AddChild(std::string(name), value);
+    }
+    static void AddEncoded(Node* node, Text name, const std::string& bytes) {
+        node->AddChildEncoded(std::string(name), EncodeBase64(bytes));
+    }
+    static zq::auto_com<Node> NewChild(Node* /*parent*/, Text name) {
+        auto node = ZQXML::CreateXmlNode();
+        node->Initialize(std::string(name), "");
+        return node;
+    }
+};
 
-inline unsigned int ViewFirst(ZQXML::INodeList* list, NodeView* views, unsigned int /*room*/) {
-    return ViewOne(list->First(), views);
-}
-
-inline unsigned int ViewNext(ZQXML::INodeList* list, NodeView* views, unsigned int /*room*/) {
-    return ViewOne(list->Next(), views);
-}
-
-inline std::size_t CountHint(ZQXML::INodeList* /*list*/) {
-    return 0;
-}
-
-inline void AddCString(ZQXML::INode* node, std::string_view name, const char* text) {
-    node->AddChild(std::string(name), text);
-}
-
-inline void AddText(ZQXML::INode* node, std::string_view name, const std::string& text) {
-    node->AddChild(std::string(name), text);
-}
-
-inline void AddNumber(ZQXML::INode* node, std::string_view name, int value) {
-    node->AddChild(std::string(name), value);
-}
-
-inline void AddUnsigned(ZQXML::INode* node, std::string_view name, unsigned long value) {
-    node->AddChild(std::string(name), value);
-}
-
-inline void AddFlag(ZQXML::INode* node, std::string_view name, bool value) {
-    node->AddChild(std::string(name), value);
-}
-
-inline void AddEncoded(ZQXML::INode* node, std::string_view name, const std::string& bytes) {
-    node->AddChildEncoded(std::string(name), EncodeBase64(bytes));
-}
-
-inline zq::auto_com<ZQXML::INode> NewChild(ZQXML::INode* /*parent*/, std::string_view name) {
-    auto node = ZQXML::CreateXmlNode();
-    node->Initialize(std::string(name), "");
-    return node;
-}
-
-}  // namespace quavera::nodes
+}  // namespace quavera
 
 #endif  // QUAVERA_COMMON_EXTERNAL_PLATFORM_NODES_H_

@@ -1,0 +1,22 @@
+// What all records have in the same form.
+//
+// Destructors, copies and moves go member by member. A virtual destructor has to be declared, or
+// the classes would not export one; with it, the copies and moves have to be declared too, or lists
+// would copy their items when they grow. They are defined here, not in the headers, so that the
+// library holds and exports one of each.
+
+#include "records/Fields.h"
+#include "records/RecordHeaders.h"
+
+#define QUAVERA_RECORD(Record, soap, element, node, answer) \
+    Record::~Record() = default;                            \
+    Record::Record(const Record&) = default;                \
+    Record::Record(Record&&) noexcept = default;            \
+    Record& Record::operator=(const Record&) = default;     \
+    Record& Record::operator=(Record&&) noexcept = default; \
+    std::string Record::ToString() {                        \
+        TextLines lines;                                    \
+        AddLines(*this, lines);                             \
+        return lines.Take();                                \
+    }
+#include "records/Records.def"

@@ -1,0 +1,10 @@
+#ifndef QUAVERA_RECORDS_SOAP_RECORDS_H_
+#define QUAVERA_RECORDS_SOAP_RECORDS_H_
+
+/// The SOAP records by name, for the records' headers; soap/QuaveraStub.h has their members.
+namespace Quavera {
+#define QUAVERA_RECORD(Record, Soap, element, node, answer) class Soap;
+#include "records/Records.def"
+}  // namespace Quavera
+
+#endif  // QUAVERA_RECORDS_SOAP_RECORDS_H_
