@@ -8,7 +8,7 @@
 
 namespace bench::floor {
 
-// Warm buffers, with room for whole groups behind the longest text.
+// Warm buffers, with room for whole groups after the longest text.
 inline char encoded[kLongestText * 2];
 inline char decoded[kLongestText * 2];
 inline wchar_t wide[kLongestText * 2];

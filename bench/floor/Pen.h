@@ -11,7 +11,7 @@
 
 namespace bench::floor {
 
-/// Writes pieces one behind the other into a string. A string has to be filled before it is written
+/// Writes pieces one after the other into a string. A string has to be filled before it is written
 /// to, which is done a little ahead of the writing.
 class Pen {
  public:

@@ -82,7 +82,7 @@ class Output {
  private:
     using Names = std::map<std::string, std::string>;
 
-    /// Heads, and the line behind "calls=", whose cost is the called function's.
+    /// Heads, and the line after "calls=", whose cost is the called function's.
     bool IsSkipped(const std::string& line) {
         const bool isCost = !line.empty() && std::string_view("+-*0123456789").find(line[0]) !=
                                                  std::string_view::npos;

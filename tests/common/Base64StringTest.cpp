@@ -167,7 +167,7 @@ TEST(Base64DecodeString, MalformedTextGivesEmptyData) {
         {"foreign character at the end", "Zm9vZm9*"},
         {"alphabet of URLs", "-_-_"},
         {"zero byte", "Zm9\0"s},
-        {"zero byte behind the text", "Zm9v\0"s},
+        {"zero byte after the text", "Zm9v\0"s},
         {"byte above 127", "Zm9\xFF"},
         {"no-break space", "Zm9v\xC2\xA0"},
     };

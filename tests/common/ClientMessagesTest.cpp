@@ -378,9 +378,9 @@ TEST(AddStringToBuffer, CutsTheLengthButNotTheTextTo16Bits) {
 
 TEST(AppendFunctions, ReturnWhereTheNextOneGoesOn) {
     const Bytes written = Appended(13, [](unsigned char* buffer) {
-        const unsigned int behindText = AddStringToBuffer(buffer, 0, "abc");
-        const unsigned int behindNumber = AddDWORDToBuffer(buffer, behindText, 0x01020304);
-        EXPECT_EQ(AddStringToBuffer(buffer, behindNumber, "de"), 13U);
+        const unsigned int afterText = AddStringToBuffer(buffer, 0, "abc");
+        const unsigned int afterNumber = AddDWORDToBuffer(buffer, afterText, 0x01020304);
+        EXPECT_EQ(AddStringToBuffer(buffer, afterNumber, "de"), 13U);
     });
     EXPECT_EQ(written, Bytes({0, 3, 'a', 'b', 'c', 1, 2, 3, 4, 0, 2, 'd', 'e'}));
 }

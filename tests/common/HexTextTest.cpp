@@ -144,7 +144,7 @@ TEST(HexStringToChar, EqualsScanfForAllTextsOfUpToTwoBytesUnlessSigned) {
             signedTexts += IsSigned(text) ? 1 : 0;
         }
     }
-    // One of the two signs and anything or nothing behind it, or one of six blanks ahead of it.
+    // One of the two signs and anything or nothing after it, or one of six blanks ahead of it.
     EXPECT_EQ(signedTexts, 2 * 257 + 6 * 2);
 }
 

@@ -74,7 +74,7 @@ const std::vector<Text> kPrefixes = {
     {"a text of more than fifteen bytes: \xC3\xA9", L"a text of more than fifteen bytes: \u00E9"},
 };
 
-/// `text` with as many zeros behind it as make `size` units.
+/// `text` with as many zeros after it as make `size` units.
 template <class String>
 String Untrimmed(String text, std::size_t size) {
     text.resize(size);

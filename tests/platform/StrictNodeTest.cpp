@@ -118,7 +118,7 @@ TEST(StrictNode, NextBehindTheEndIsNoticed) {
         EXPECT_EQ(list->Next(), nullptr);
         EXPECT_EQ(tree.Violations(), "");
         EXPECT_EQ(list->Next(), nullptr);
-        EXPECT_EQ(tree.Violations(), "Album: Next behind the end\n");
+        EXPECT_EQ(tree.Violations(), "Album: Next after the end\n");
     }
 }
 
@@ -129,7 +129,7 @@ TEST(StrictNode, EmptyListEndsWithFirst) {
         EXPECT_EQ(list->First(), nullptr);
         EXPECT_EQ(tree.Walks(), "Album 1\n");
         EXPECT_EQ(list->Next(), nullptr);
-        EXPECT_EQ(tree.Violations(), "Album: Next behind the end\n");
+        EXPECT_EQ(tree.Violations(), "Album: Next after the end\n");
     }
 }
 

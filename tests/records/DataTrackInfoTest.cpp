@@ -262,7 +262,7 @@ TEST(DataTrackInfo, IdentifierEndsAtItsFirstZeroByte) {
     EXPECT_EQ(TreeOf<DataTrackInfo>(soap), "<Track><TrackId>Tra</TrackId></Track>");
 }
 
-// What a display field holds behind an element that cannot be decoded shows the failure.
+// What a display field holds after an element that cannot be decoded shows the failure.
 TEST(DataTrackInfo, FailedDisplayTextsHaveTheirShapes) {
     using namespace std::string_literals;
     const struct {
@@ -275,7 +275,7 @@ TEST(DataTrackInfo, FailedDisplayTextsHaveTheirShapes) {
         {"no base64", "Größe!", L"", ""},
         {"base64 without its padding", "QUI", L"", ""},
         {"base64 with surplus padding", "QUJD=", L"", ""},
-        {"invalid byte behind 'A'", "Qf8=", L"A\0\0\0\0\0\0\0"s, "A"},
+        {"invalid byte after 'A'", "Qf8=", L"A\0\0\0\0\0\0\0"s, "A"},
         {"first two bytes of three", "5aQ=", L"\0\0\0\0\0\0\0\0"s, ""},
         {"surrogate", "7aCA", L"\0\0\0\0\0\0\0\0\0\0\0\0"s, ""},
         {"zero byte between 'A' and 'B'", "QQBC", L"A", "A"},

@@ -468,7 +468,7 @@ void AppendUnknown(ZQXML::INode* node) {
     node->AppendChild(unknown.get());
 }
 
-/// A copy with an unknown child ahead of each and behind the last, and with elements ahead of those
+/// A copy with an unknown child ahead of each and after the last, and with elements ahead of those
 /// that replace them.
 zq::auto_com<ZQXML::INode> WithMore(ZQXML::INode* original) {
     const std::string name = original->GetName();

@@ -26,7 +26,7 @@
 /// - `Record` and `Soap`, the classes; `Fill(Soap&, Values&)`, which sets every member, and no
 ///   value twice;
 /// - `kTree` and `kText`: the element that the filled SOAP record gives, and the log text of the
-///   record that this element fills; `kTextReadTwice`, the log text behind reading it twice;
+///   record that this element fills; `kTextReadTwice`, the log text after reading it twice;
 /// - `kEmptyTree` and `kEmptyText`: the element of a SOAP record without any member, and the log
 ///   text of a default-constructed record;
 /// - what of `RecordCase` is not right for its class.
@@ -202,7 +202,7 @@ class RuleCaseOf {
     }
 };
 
-/// Has the rules for a case. The name is that of the record class; behind a "/" stands what sets a
+/// Has the rules for a case. The name is that of the record class; after a "/" stands what sets a
 /// further case of the same class apart.
 template <class Case>
 class RulesFor {

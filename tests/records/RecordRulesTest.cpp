@@ -188,7 +188,7 @@ class RecordNodeTest : public testing::TestWithParam<std::tuple<const RuleCase*,
         return TextOfElement(Wrapped(ElementName(), content));
     }
 
-    /// The whole tree's elements, each changed by `change`, one behind the other.
+    /// The whole tree's elements, each changed by `change`, one after the other.
     template <class Change>
     static std::string Changed(Change change) {
         std::string content;
@@ -213,7 +213,7 @@ INSTANTIATE_TEST_SUITE_P(All, RecordNodeTest,
                                     std::get<1>(test.param).name;
                          });
 
-/// The two-argument writer adds its elements, in order, behind those of any node.
+/// The two-argument writer adds its elements, in order, after those of any node.
 TEST_P(RecordNodeTest, WritesIntoAnyNode) {
     if (!Case().writesIntoGivenNode) {
         GTEST_SKIP() << "no such writer";

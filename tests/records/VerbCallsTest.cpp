@@ -140,7 +140,7 @@ TEST_F(ChildReaderTest, FirstRowOfItsNameTakesAChild) {
     EXPECT_EQ(second, "second");
     EXPECT_EQ(display, L"display");
     EXPECT_EQ(number, -1);
-    // The row behind the one that took the child looks for the next one.
+    // The row after the one that took the child looks for the next one.
     EXPECT_EQ(TakeCalls(), "1.GetChildren()\n1.First()\n2.GetName()\n2.GetValue()\n1.Next()\n");
 }
 

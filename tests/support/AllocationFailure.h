@@ -92,7 +92,7 @@ class Attempt {
 };
 
 /// Calls `body(attempt)` with the n-th allocation failing, for n = 0, 1, ... until none is left to
-/// fail, first each alone, then each with all behind it. The body prepares, calls `attempt.Run`
+/// fail, first each alone, then each with all after it. The body prepares, calls `attempt.Run`
 /// once with the work under test, checks what is left, and drops everything.
 ///
 /// Fails where the work has fewer allocations than `minimumSites` (a sweep over nothing shows

@@ -313,7 +313,7 @@ ZQXML::INode* List::Next() {
         return Go(0);
     }
     if (walk_ == Walk::kAtEnd) {
-        Complain("Next behind the end");
+        Complain("Next after the end");
         return nullptr;
     }
     return Go(position_ + 1);

@@ -39,14 +39,14 @@ class StrictTree {
     void Close();
 
     /// What was done against the rules, each once, one on a line: a value asked for that was not
-    /// allowed, `Next` ahead of `First` or behind the end, `First` twice on a list, `Release` of a
+    /// allowed, `Next` ahead of `First` or after the end, `First` twice on a list, `Release` of a
     /// node, which is not the caller's, any call on a node that is gone, and walks without end,
     /// which are ended.
     std::string Violations() const;
 
     /// The nodes whose children were asked for, in document order, one on a line: the path and the
     /// number of calls of `GetChildren`, "Album 2". Walks that were left ahead of the end are
-    /// counted behind it: "Album 2, 1 cut off".
+    /// counted after it: "Album 2, 1 cut off".
     std::string Walks() const;
 
     /// The calls that changed the tree, in their order, one on a line, with the form of the value:

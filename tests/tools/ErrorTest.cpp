@@ -22,7 +22,7 @@ const char kQuaveraOffLine[] = "Quavera off line.\n";
 const char kOstinexOffLine[] = "Ostinex off line.\n";
 const char kDefaultMessage[] = "Unexpected error.  Please try again.\n";
 
-/// `error` with `arguments`, as they would be typed behind it.
+/// `error` with `arguments`, as they would be typed after it.
 tooltest::Outcome RunError(Arguments arguments) {
     arguments.insert(arguments.begin(), "error");
     return RunTool(arguments);
