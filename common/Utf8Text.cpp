@@ -15,17 +15,9 @@ namespace {
 
 constexpr char kUtf8[] = "UTF-8";
 
-/// Whether a character is an ASCII character other than zero.
-bool IsPlain(char32_t code) {
-    return code - 1 < 0x7F;
-}
-
-char32_t Code(char byte) {
-    return static_cast<unsigned char>(byte);
-}
-
-// Plain characters are converted in steps of 16, or 8 in a short text; the last step overlaps the
-// one before it. The compiler makes a handful of vector instructions of each.
+// Plain characters, ASCII other than zero, are converted in steps of 16, or 8 in a short text; the
+// last step overlaps the one before it. The compiler makes a handful of vector instructions of
+// each.
 
 /// Whether the bytes of a step are ASCII characters other than zero. Words of them are looked at.
 template <std::size_t kStep>
@@ -102,19 +94,14 @@ struct Progress {
     std::size_t written;
 };
 
-/// Converts on after the plain beginning, whose characters are counted in. A function of its own,
-/// so that plain texts do not pay for its registers.
-[[gnu::noinline]] Progress WidenRest(std::string_view utf8, std::size_t start, wchar_t* wide) {
+/// Converts on after the plain beginning, whose characters are counted in.
+Progress WidenRest(std::string_view utf8, std::size_t start, wchar_t* wide) {
     wchar_t* to = wide + start;
     const char* const end = utf8.data() + utf8.size();
     const char* at = utf8.data() + start;
     while (at != end) {
-        if (IsPlain(Code(*at))) {
-            *to++ = static_cast<wchar_t>(*at++);
-            continue;
-        }
         const Utf8Character character = FirstCharacter({at, static_cast<std::size_t>(end - at)});
-        if (character.size < 2) {  // no UTF-8, or a zero byte
+        if (character.size == 0 || character.code == 0) {
             break;
         }
         *to++ = static_cast<wchar_t>(character.code);
@@ -141,7 +128,7 @@ void FinishWide(std::string_view utf8, Progress progress, std::wstring* wide) {
 
 /// The place after the UTF-8 form of `wide`, which goes to `to`; null for a text that only the
 /// converter can tell the result of.
-[[gnu::noinline]] char* NarrowRest(std::wstring_view wide, char* to) {
+char* NarrowRest(std::wstring_view wide, char* to) {
     for (const wchar_t character : wide) {
         const auto code = static_cast<char32_t>(character);
         to = PutCharacter(code, to);
