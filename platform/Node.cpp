@@ -21,13 +21,11 @@ int ParseInt(std::string_view text) {
     const char* at = text.data();
     const char* const end = at + text.size();
     bool isNegative = false;
-    if (at != end && !IsDigit(*at)) {
-        while (at != end && *at == ' ') {
-            ++at;
-        }
-        if (at != end && (*at == '-' || *at == '+')) {
-            isNegative = *at++ == '-';
-        }
+    while (at != end && *at == ' ') {
+        ++at;
+    }
+    if (at != end && (*at == '-' || *at == '+')) {
+        isNegative = *at++ == '-';
     }
     // Unsigned arithmetic is modulo 2^32 by itself, also for the negation.
     std::uint32_t value = 0;
