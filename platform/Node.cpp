@@ -201,14 +201,11 @@ Node* Node::AddElement(std::string_view name, std::string_view text) {
     // The usual case, kept free of calls, which saves a fifth: the list exists, the block has room,
     // the name is the expected one.
     if (children_ != nullptr && arena_->HasRoom(sizeof(Node), text.size())) {
-        const Name* const expected = arena_->ExpectedName(name);
-        return expected != nullptr ? AddLeaf(expected, text) : AddElementOfOtherName(name, text);
+        if (const Name* const expected = arena_->ExpectedName(name)) {
+            return AddLeaf(expected, text);
+        }
     }
     return AddElementWithPreparation(name, text);
-}
-
-[[gnu::noinline]] Node* Node::AddElementOfOtherName(std::string_view name, std::string_view text) {
-    return AddLeaf(name.empty() ? &kNoName : arena_->FindOrAddName(name), text);
 }
 
 [[gnu::noinline]] Node* Node::AddElementWithPreparation(std::string_view name,

@@ -96,7 +96,6 @@ class Node final : public INode {
     /// What is kept of the text: itself, or the bytes that it stands for.
     std::string_view Content() const { return {content_, contentSize_}; }
     Node* AddLeaf(const Name* name, std::string_view text);
-    Node* AddElementOfOtherName(std::string_view name, std::string_view text);
     Node* AddElementWithPreparation(std::string_view name, std::string_view text);
     const Name* InternedName(std::string_view name);
     ChildList* Children();
