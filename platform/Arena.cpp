@@ -120,7 +120,7 @@ inline Name* Arena::NewName(std::string_view name, std::uint32_t hash) {
     return stored;
 }
 
-[[gnu::noinline]] void Arena::GrowNameTable() {
+void Arena::GrowNameTable() {
     Name** const oldSlots = slots_;
     const std::uint32_t oldCount = oldSlots == nullptr ? 0 : lastSlot_ + 1;
     const std::uint32_t bits =
