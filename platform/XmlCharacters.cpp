@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <iterator>
 
-#include "base/SmallText.h"
 #include "base/Utf8.h"
 
 namespace ZQXML {
@@ -138,51 +137,6 @@ constexpr std::array<std::uint8_t, 256> MakeCharacterUses() {
     return uses;
 }
 
-constexpr std::uint64_t kOnes = 0x0101010101010101;
-
-/// Whether eight bytes are ASCII characters of plain text from the blank on. In each sum, the high
-/// bit of a byte shows that it is none, as long as that of no lower byte does.
-constexpr bool AreEightPlain(std::uint64_t bytes) {
-    const std::uint64_t below = bytes - kOnes * ' ';
-    const std::uint64_t ampersand = (bytes ^ (kOnes * '&')) - kOnes;
-    const std::uint64_t bracket = ((bytes | (kOnes * 2)) ^ (kOnes * '>')) - kOnes;  // "<" or ">"
-    return ((bytes | below | ampersand | bracket) & (kOnes * 0x80)) == 0;
-}
-
-/// That agrees with the table for every byte, at both ends of the eight.
-constexpr bool EightAgreeWithOne() {
-    for (std::uint64_t code = 0; code < 256; ++code) {
-        const bool isPlain = code >= ' ' && IsPlainAscii(static_cast<char32_t>(code));
-        const std::uint64_t blanks = kOnes * ' ';
-        if (AreEightPlain(blanks ^ ' ' ^ code) != isPlain ||
-            AreEightPlain(blanks ^ (' ' ^ code) << 56) != isPlain) {
-            return false;
-        }
-    }
-    return true;
-}
-
-static_assert(EightAgreeWithOne(), "eight characters are looked at by the same rule as one");
-
-/// The number of ASCII characters of plain text that `text` begins with.
-std::size_t CountPlainAscii(std::string_view text) {
-    constexpr std::size_t kStep = 8;
-    std::size_t count = 0;
-    for (;;) {
-        while (text.size() - count >= kStep &&
-               AreEightPlain(quavera::LoadWord<std::uint64_t>(&text[count]))) {
-            count += kStep;
-        }
-        const std::size_t end = std::min(count + kStep, text.size());
-        while (count < end && MayStand(text[count], kInText)) {
-            ++count;
-        }
-        if (count < end || end == text.size()) {
-            return count;
-        }
-    }
-}
-
 /// The number of bytes of the characters beyond ASCII that `text` begins with. Those of UTF-8 are
 /// those of XML, but for two.
 std::size_t CountBeyondAscii(std::string_view text) {
@@ -212,9 +166,8 @@ bool IsNameCharacter(char32_t code) {
 std::size_t CountPlainText(std::string_view text) {
     std::size_t count = 0;
     for (;;) {
-        count += CountPlainAscii(text.substr(count));
-        if (count == text.size() || static_cast<unsigned char>(text[count]) < 0x80) {
-            return count;
+        while (count < text.size() && MayStand(text[count], kInText)) {
+            ++count;
         }
         const std::size_t beyond = CountBeyondAscii(text.substr(count));
         if (beyond == 0) {
