@@ -8,18 +8,11 @@
 namespace ZQXML {
 namespace {
 
-NodeView Unseen(INode* node) {
-    NodeView view{};
-    view.node = node;
-    view.form = TextForm::kUnseen;
-    return view;
-}
-
 unsigned int ViewOne(INode* child, NodeView* views) {
     if (child == nullptr) {
         return 0;
     }
-    *views = Unseen(child);
+    *views = child->INode::View();
     return 1;
 }
 
@@ -48,7 +41,10 @@ INodeList* INode::GetChildrenIfAny() {
 }
 
 NodeView INode::View() {
-    return Unseen(this);
+    NodeView view{};
+    view.node = this;
+    view.form = TextForm::kUnseen;
+    return view;
 }
 
 void INode::AddCString(std::string_view name, const char* text) {

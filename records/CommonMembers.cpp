@@ -8,6 +8,8 @@
 #include "records/Fields.h"
 #include "records/RecordHeaders.h"
 
+QuavData::~QuavData() = default;
+
 #define QUAVERA_RECORD(Record, soap, element, node, answer) \
     Record::~Record() = default;                            \
     Record::Record(const Record&) = default;                \

@@ -4,12 +4,6 @@
 
 #include "common/TextConversion.h"
 
-namespace {
-
-constexpr std::size_t kLargestTypicalItem = 512;
-
-}  // namespace
-
 void ElementWriter::NumberUnlessZero(std::string_view name, int value) {
     if (value != 0) {
         Number(name, &value);
@@ -104,7 +98,8 @@ void TextLines::Unbroken(std::string_view prefix, const std::vector<std::string>
 }
 
 void TextLines::ExpectItems(std::size_t count, std::size_t firstSize) {
-    const std::size_t size = count * std::min(firstSize, kLargestTypicalItem);
+    constexpr std::size_t kLargestTypical = 512;
+    const std::size_t size = count * std::min(firstSize, kLargestTypical);
     text_.Expect(size + size / 4);
 }
 

@@ -1,3 +1,0 @@
-#include "records/QuavData.h"
-
-QuavData::~QuavData() = default;
