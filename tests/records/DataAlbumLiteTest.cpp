@@ -49,7 +49,7 @@ DataAlbumLite Album(const std::string& content) {
 
 DataAlbumLite FromSample() {
     Values values;
-    return DataAlbumLite(values.Filled<SampleAlbumLite>());
+    return values.Filled<SampleAlbumLite>();
 }
 
 DataAlbumLite OfYear(int year, const std::string& albumId) {
@@ -82,7 +82,7 @@ TEST(DataAlbumLite, ListsTakeSoapRecordsAsTheyAre) {
     Quavera::Quavera2__LiteAlbumMetadata soap;
     SampleAlbumLite::Fill(soap, values);
     std::vector<DataAlbumLite> albums;
-    albums.push_back(&soap);
+    albums.push_back(&soap);  // NOLINT(modernize-use-emplace): that it compiles is the point
     EXPECT_EQ(albums.back().albumId, *soap.albumId);
 }
 

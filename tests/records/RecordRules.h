@@ -1,6 +1,7 @@
 #ifndef QUAVERA_TESTS_RECORDS_RECORD_RULES_H_
 #define QUAVERA_TESTS_RECORDS_RECORD_RULES_H_
 
+#include <algorithm>
 #include <memory>
 #include <set>
 #include <string>
@@ -165,10 +166,9 @@ class RuleCaseOf {
         while (records.size() < 9) {
             records.push_back(original);
         }
-        std::vector<std::string> texts;
-        for (Record& record : records) {
-            texts.push_back(record.ToString());
-        }
+        std::vector<std::string> texts(records.size());
+        std::transform(records.begin(), records.end(), texts.begin(),
+                       [](Record& record) { return record.ToString(); });
         return texts;
     }
 
