@@ -22,33 +22,33 @@
 /// record's member is written (ElementWriter), R when a field is read (ChildReader), T in the log
 /// text (TextLines).
 ///
-/// | verb              |  in   | field               | element, or line of the log text | |
-/// ----------------- | ----- | ------------------- | ---------------------------------------------
-/// | | Plain             | W R T | text                | the text, in the node's C-string form | |
-/// String            | W     | text                | in the string form, which stations and a | |
-/// |       |                     | record's own fields have: nodes may tell      | | Display | W R
-/// T | text; wide text     | base64 of UTF-8, marked; UTF-8                | | DisplayAfter      |
-/// T     | wide text           | UTF-8, after a label written as it stands     | | Number | W R T |
-/// int                 | decimal, in the int form                      | | NumberUnlessZero  | W |
-/// int by value        | the same; zero stands for "absent"            | | Unsigned          | W R
-/// T | unsigned, 32 bits   | decimal, in the unsigned form                 | | Decimal           |
-/// W     | any integer         | decimal in the C-string form: an account's    | | DecimalString |
-/// W     | int                 | in the string form: an index's, a genre's     | | HexLetter | W R
-/// | text                | its first byte's code in hexadecimal          | | Flag              | W
-/// R T | bool                | "true" or "false"; reading never clears one   | | FlagIfTrue | W |
-/// bool by value       | the same; false stands for "absent"           | | Nested            | W R
-/// T | a record            | its own element; its own text                 | | Of                |
-/// T     | a record            | its lines, among the others                   | | Records | W R T
-/// | list of records     | an element with one for each, read whatever   | |                   | |
-/// | its name; their texts, each after the prefix  | | RecordsAlways     | W     | the same | also
-/// of a null wrapper: a genre's             | | RecordsNamed      | R     | the same            |
-/// items of one name only: a genre's             | | Values            | W R   | list of texts | an
-/// element with a "Value" for each, read      | |                   |       |                     |
-/// whatever its name                             | | ValuesUnlessEmpty | W     | the same | in the
-/// string form; nothing without texts     | | Each              | W R T | the same            | an
-/// element, or a line, for each               | | EachDecoded       | R     | the same            |
-/// decoded where the node marks it as encoded    | | Unbroken          | T     | the same | each
-/// after the prefix, without line ends      |
+/// | verb              | in    | field             | element, or line of the log text             |
+/// | ----------------- | ----- | ----------------- | -------------------------------------------- |
+/// | Plain             | W R T | text              | the text, in the node's C-string form        |
+/// | String            | W     | text              | in the string form, which stations and a     |
+/// |                   |       |                   | record's own fields have: nodes may tell     |
+/// | Display           | W R T | text, wide text   | base64 of UTF-8, marked; UTF-8               |
+/// | DisplayAfter      | T     | wide text         | UTF-8, after a label written as it stands    |
+/// | Number            | W R T | int               | decimal, in the int form                     |
+/// | NumberUnlessZero  | W     | int by value      | the same; zero stands for "absent"           |
+/// | Unsigned          | W R T | unsigned, 32 bits | decimal, in the unsigned form                |
+/// | Decimal           | W     | any integer       | decimal in the C-string form: an account's   |
+/// | DecimalString     | W     | int               | in the string form: an index's, a genre's    |
+/// | HexLetter         | W R   | text              | its first byte's code in hexadecimal         |
+/// | Flag              | W R T | bool              | "true" or "false"; reading never clears one  |
+/// | FlagIfTrue        | W     | bool by value     | the same; false stands for "absent"          |
+/// | Nested            | W R T | a record          | its own element; its own text                |
+/// | Of                | T     | a record          | its lines, among the others                  |
+/// | Records           | W R T | list of records   | an element with one for each, read whatever  |
+/// |                   |       |                   | its name; their texts, each after the prefix |
+/// | RecordsAlways     | W     | the same          | also of a null wrapper: a genre's            |
+/// | RecordsNamed      | R     | the same          | items of one name only: a genre's            |
+/// | Values            | W R   | list of texts     | an element with a "Value" for each, read     |
+/// |                   |       |                   | whatever its name                            |
+/// | ValuesUnlessEmpty | W     | the same          | in the string form; nothing without texts    |
+/// | Each              | W R T | the same          | an element, or a line, for each              |
+/// | EachDecoded       | R     | the same          | decoded where the node marks it as encoded   |
+/// | Unbroken          | T     | the same          | each after the prefix, without line ends     |
 
 /// A new element of that name, without text.
 zq::auto_com<ZQXML::INode> NewElement(std::string_view name);

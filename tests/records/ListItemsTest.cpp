@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -63,10 +64,9 @@ void ExpectWholeItems(const std::string& xml, Lists listsOf) {
 /// The log texts of the items.
 template <class Item>
 std::vector<std::string> TextsOf(std::vector<Item>& items) {
-    std::vector<std::string> texts;
-    for (Item& item : items) {
-        texts.push_back(item.ToString());
-    }
+    std::vector<std::string> texts(items.size());
+    std::transform(items.begin(), items.end(), texts.begin(),
+                   [](Item& item) { return item.ToString(); });
     return texts;
 }
 
