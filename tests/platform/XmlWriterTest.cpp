@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "tests/platform/ExpatOracle.h"
 #include "tests/support/FakeNode.h"
 #include "tests/support/Random.h"
+#include "tests/support/StrictNode.h"
 #include "tests/support/TreeText.h"
 #include "tests/support/Utf8Text.h"
 
@@ -357,6 +359,45 @@ TEST(WriteXml, IsWellFormedForAnyBytes) {
             const std::string text = ZQXML::WriteXml(node.get(), indent);
             ASSERT_TRUE(ExpatOracle::Judge(text).isWellFormed) << Quoted(text);
         }
+    }
+}
+
+// --- Nodes of other makers ---------------------------------------------------------------------
+
+constexpr char kOriginal[] = "<A>1<B><C>2</C><C/></B><B>3</B><D><E><F>4</F></E></D></A>";
+
+/// A copy of the original in nodes whose values anybody may ask for.
+std::unique_ptr<StrictTree> StrictCopy(StrictTree::Lists lists) {
+    auto tree = std::make_unique<StrictTree>(lists, ZQXML::ParseXml(kOriginal).get());
+    for (const char* const path : {"*", "*/*", "*/*/*", "*/*/*/*"}) {
+        tree->Allow(path, "GetValue");
+    }
+    return tree;
+}
+
+constexpr StrictTree::Lists kAllLists[] = {StrictTree::Lists::kSame, StrictTree::Lists::kNew,
+                                           StrictTree::Lists::kReused};
+
+/// Every list was asked for and walked once.
+constexpr char kOneWalkEach[] = "A 1\nA/B 1\nA/B/C 1\nA/B/C 1\nA/B 1\nA/D 1\nA/D/E 1\nA/D/E/F 1\n";
+
+TEST(WriteXml, WalksEachListOfAnotherMakerOnce) {
+    for (const auto lists : kAllLists) {
+        const auto tree = StrictCopy(lists);
+        EXPECT_EQ(ZQXML::WriteXml(tree->Root()), kOriginal);
+        EXPECT_EQ(tree->Violations(), "");
+        EXPECT_EQ(tree->Walks(), kOneWalkEach);
+    }
+}
+
+TEST(AppendChild, CopiesNodesOfAnotherMakerInOneWalk) {
+    for (const auto lists : kAllLists) {
+        const auto tree = StrictCopy(lists);
+        const auto parent = NewNode("P");
+        parent->AppendChild(tree->Root());
+        EXPECT_EQ(ZQXML::WriteXml(parent.get()), std::string("<P>") + kOriginal + "</P>");
+        EXPECT_EQ(tree->Violations(), "");
+        EXPECT_EQ(tree->Walks(), kOneWalkEach);
     }
 }
 

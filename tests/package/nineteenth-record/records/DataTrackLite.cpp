@@ -24,10 +24,8 @@ void DataTrackLite::FromXML(ZQXML::INode* node) {
     }
 }
 
-std::string DataTrackLite::ToString() {
-    TextLines lines;
-    lines.Display("name", name);
-    lines.Plain("trackId", trackId);
-    lines.Number("trackIndex", trackIndex);
-    return lines.Take();
+void AddLines(const DataTrackLite& track, TextLines& lines) {
+    lines.Display("name", track.name);
+    lines.Plain("trackId", track.trackId);
+    lines.Number("trackIndex", track.trackIndex);
 }
