@@ -12,10 +12,6 @@
 namespace ZQXML {
 namespace {
 
-bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
-}
-
 /// `INode::GetValueInt`'s reading of a text.
 int ParseInt(std::string_view text) {
     const char* at = text.data();
@@ -29,7 +25,7 @@ int ParseInt(std::string_view text) {
     }
     // Unsigned arithmetic is modulo 2^32 by itself, also for the negation.
     std::uint32_t value = 0;
-    for (; at != end && IsDigit(*at); ++at) {
+    for (; at != end && *at >= '0' && *at <= '9'; ++at) {
         value = value * 10 + static_cast<std::uint32_t>(*at - '0');
     }
     return static_cast<std::int32_t>(isNegative ? 0 - value : value);

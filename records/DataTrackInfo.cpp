@@ -3,15 +3,10 @@
 #include "records/Fields.h"
 #include "soap/QuaveraStub.h"
 
-namespace {
-
-constexpr std::size_t kTypicalIdentifier = 20;
-constexpr std::size_t kTypicalDisplayName = 100;
-
-}  // namespace
-
 // rightFlags is left as it is found, on purpose.
 DataTrackInfo::DataTrackInfo() {
+    constexpr std::size_t kTypicalIdentifier = 20;
+    constexpr std::size_t kTypicalDisplayName = 100;
     albumId.reserve(kTypicalIdentifier);
     artistId.reserve(kTypicalIdentifier);
     displayAlbumName.reserve(kTypicalDisplayName);
