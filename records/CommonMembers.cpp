@@ -1,9 +1,6 @@
-// What all records have in the same form.
-//
-// Destructors, copies and moves go member by member. A virtual destructor has to be declared, or
-// the classes would not export one; with it, the copies and moves have to be declared too, or lists
-// would copy their items when they grow. They are defined here, not in the headers, so that the
-// library holds and exports one of each.
+// What all records have in the same form. Destructors, copies and moves go member by member. The
+// destructor is declared, to be exported, and with it the copies and moves have to be, or growing
+// lists would copy their items. They are defined here, so that the library exports one of each.
 
 #include "records/Fields.h"
 #include "records/RecordHeaders.h"

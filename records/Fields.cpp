@@ -4,12 +4,6 @@
 
 #include "common/TextConversion.h"
 
-void ElementWriter::NumberUnlessZero(std::string_view name, int value) {
-    if (value != 0) {
-        Number(name, &value);
-    }
-}
-
 void ElementWriter::Unsigned(std::string_view name, const unsigned long* value) {
     if (value != nullptr) {
         element_->AddChild(std::string(name), *value);
@@ -36,12 +30,6 @@ void ElementWriter::Flag(std::string_view name, const bool* value) {
     }
 }
 
-void ElementWriter::FlagIfTrue(std::string_view name, bool value) {
-    if (value) {
-        Flag(name, &value);
-    }
-}
-
 void ElementWriter::ValuesUnlessEmpty(std::string_view name,
                                       const std::vector<std::string>& texts) {
     if (texts.empty()) {
@@ -65,18 +53,6 @@ void ChildReader::Values(std::string_view name, std::vector<std::string>& field)
         for (ChildWalk value(Child()); value.Next();) {
             field.emplace_back(value.Text());
         }
-    }
-}
-
-void ChildReader::Each(std::string_view name, std::vector<std::string>& field) {
-    if (Takes(name)) {
-        field.emplace_back(walk_.Text());
-    }
-}
-
-void ChildReader::EachDecoded(std::string_view name, std::vector<std::string>& field) {
-    if (Takes(name)) {
-        field.push_back(Child()->GetValueDecoded());
     }
 }
 

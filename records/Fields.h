@@ -88,7 +88,9 @@ class ElementWriter {
             quavera::Nodes::AddNumber(element_, name, *value);
         }
     }
-    void NumberUnlessZero(std::string_view name, int value);
+    void NumberUnlessZero(std::string_view name, int value) {
+        Number(name, value == 0 ? nullptr : &value);
+    }
     void Unsigned(std::string_view name, const unsigned long* value);
     template <class Integer>
     void Decimal(std::string_view name, const Integer* value) {
@@ -100,7 +102,7 @@ class ElementWriter {
     void DecimalString(std::string_view name, const int* value);
     void HexLetter(std::string_view name, const std::string* text);
     void Flag(std::string_view name, const bool* value);
-    void FlagIfTrue(std::string_view name, bool value);
+    void FlagIfTrue(std::string_view name, bool value) { Flag(name, value ? &value : nullptr); }
 
     /// An element of that name, with what `Writer` writes of a SOAP record.
     template <class Writer, class Soap>
@@ -245,8 +247,16 @@ class ChildReader {
     }
 
     void Values(std::string_view name, std::vector<std::string>& field);
-    void Each(std::string_view name, std::vector<std::string>& field);
-    void EachDecoded(std::string_view name, std::vector<std::string>& field);
+    void Each(std::string_view name, std::vector<std::string>& field) {
+        if (Takes(name)) {
+            field.emplace_back(walk_.Text());
+        }
+    }
+    void EachDecoded(std::string_view name, std::vector<std::string>& field) {
+        if (Takes(name)) {
+            field.push_back(Child()->GetValueDecoded());
+        }
+    }
 
  private:
     /// Appends an item that has read the child: all of it, or, where that fails, nothing. A track
