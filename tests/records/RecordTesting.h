@@ -69,7 +69,8 @@ inline std::vector<Element> ElementsOf(std::string_view xml) {
     std::vector<Element> elements;
     ZQXML::INodeList* const children = root->GetChildren();
     for (ZQXML::INode* child = children->First(); child != nullptr; child = children->Next()) {
-        elements.push_back({child->GetName(), ZQXML::WriteXml(child), child->GetChildren()->First() != nullptr});
+        elements.push_back(
+            {child->GetName(), ZQXML::WriteXml(child), child->GetChildren()->First() != nullptr});
     }
     return elements;
 }
