@@ -1,6 +1,7 @@
 #ifndef QUAVERA_BASE_SMALL_TEXT_H_
 #define QUAVERA_BASE_SMALL_TEXT_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -35,6 +36,21 @@ inline bool IsSameText(std::string_view left, std::string_view right) {
     }
     return size >= 8 ? HasSameEnds<std::uint64_t>(left.data(), right.data(), size)
                      : HasSameEnds<std::uint32_t>(left.data(), right.data(), size);
+}
+
+/// The same for texts of a size, mostly of a few words: whatever their size, without a call.
+inline bool IsSameByWords(const char* left, const char* right, std::size_t size) {
+    using Word = std::size_t;
+    if (size < sizeof(Word)) {
+        return std::string_view(left, size) == std::string_view(right, size);
+    }
+    const std::size_t last = size - sizeof(Word);
+    for (std::size_t at = 0; at < last; at += sizeof(Word)) {
+        if (LoadWord<Word>(left + at) != LoadWord<Word>(right + at)) {
+            return false;
+        }
+    }
+    return LoadWord<Word>(left + last) == LoadWord<Word>(right + last);
 }
 
 template <class Word>

@@ -30,10 +30,12 @@ class TextBuffer {
         Put(piece);
     }
 
+    /// How many more bytes there is room for.
+    std::size_t Room() const { return static_cast<std::size_t>(roomEnd_ - end_); }
     /// Makes room for that many more bytes, and returns the place of the first. What is written
     /// there by other means than `Put` counts from `SetEnd` on.
     char* Reserve(std::size_t size) {
-        if (static_cast<std::size_t>(roomEnd_ - end_) < size) {
+        if (Room() < size) {
             Grow(size);
         }
         return end_;
@@ -65,7 +67,7 @@ class TextBuffer {
     // happens in the processor's nearest cache, right ahead of the writing. Against doubling, saves
     // 6 % of WriteXml and 34 % of a log text.
     static constexpr std::size_t kSmallestPiece = 128;
-    static constexpr std::size_t kLargestPiece = 1024;
+    static constexpr std::size_t kLargestPiece = 1536;
 
     // Out of line: saves 6 % of a log text.
     [[gnu::noinline]] void Grow(std::size_t size) {

@@ -17,7 +17,7 @@
 /// | `AddNumber(node, name, value)`  | in the int form                                           |
 /// | `AddEncoded(node, name, bytes)` | with the base64 form of the bytes, marked as encoded      |
 /// | `NewChild(parent, name)`        | a new element without text, to be appended to `parent`    |
-/// | `Decimal(value).View()`         | the platform's decimal text of a number                   |
+/// | `AppendDecimal(value, out)`     | appends the platform's decimal text of a number           |
 ///
 /// There are two implementations, common/bundled/PlatformNodes.h and
 /// common/external/PlatformNodes.h. The build puts the folder of one of them into the include path.

@@ -89,6 +89,11 @@ char* Arena::AllocateElsewhere(std::size_t size) {
     return back_ -= size;
 }
 
+Arena::Pair Arena::AllocatePairElsewhere(std::size_t size, std::size_t textSize) {
+    char* const text = AllocateText(textSize);
+    return {Allocate(size), text};
+}
+
 const Name* Arena::FindOrAddName(std::string_view name) {
     if (nameCount_ == fullAt_) {
         GrowNameTable();
@@ -116,10 +121,12 @@ const Name* Arena::FindOrAddName(std::string_view name) {
 // Inline: saves 2 % of a round of 12 tracks.
 inline Name* Arena::NewName(std::string_view name, std::uint32_t hash) {
     CheckSize(name.size());
-    void* const memory = Allocate(sizeof(Name) + name.size());
-    Name* const stored =
-        ::new (memory) Name{static_cast<std::uint32_t>(name.size()), hash, nullptr};
-    quavera::CopyText(name, reinterpret_cast<char*>(stored + 1));
+    const std::size_t room = Name::kBegin.size() + name.size() + Name::kStep;
+    void* const memory = Allocate(sizeof(Name) + room);
+    Name* const stored = ::new (memory)
+        Name{static_cast<std::uint32_t>(name.size()), hash, nullptr, Name::Fitness::kUnknown};
+    char* const text = quavera::CopyText(Name::kBegin, reinterpret_cast<char*>(stored + 1));
+    quavera::CopyText(Name::kEnd, quavera::CopyText(name, text));
     return stored;
 }
 

@@ -10,17 +10,33 @@
 
 namespace ZQXML {
 
-/// An element name in an arena; its characters follow it in memory.
+/// An element name in an arena. Its characters follow it in memory, between those of an end tag:
+/// "</Name>".
 struct Name {
+    /// Whether XML text can carry it as it is. Found out by the first one who writes it.
+    enum class Fitness : std::uint8_t { kUnknown, kFit, kUnfit };
+
+    /// There is memory for this many bytes behind the name's characters, so that these can be
+    /// copied in whole steps, without looking at their number.
+    static constexpr std::size_t kStep = 16;
+    static constexpr std::string_view kBegin = "</";
+    static constexpr std::string_view kEnd = ">";
+
     std::uint32_t size;
     std::uint32_t hash;
     Name* successor;  // the name that was used after it the last time; null at first
+    mutable Fitness fitness;
 
-    std::string_view View() const { return {reinterpret_cast<const char*>(this + 1), size}; }
+    std::string_view View() const { return {Memory() + kBegin.size(), size}; }
+    std::string_view ViewWithEnd() const { return {Memory() + kBegin.size(), size + kEnd.size()}; }
+    std::string_view EndTag() const { return {Memory(), kBegin.size() + size + kEnd.size()}; }
+
+ private:
+    const char* Memory() const { return reinterpret_cast<const char*>(this + 1); }
 };
 
 /// The empty name, which is kept in no arena.
-inline constexpr Name kNoName = {0, 0, nullptr};
+inline constexpr Name kNoName = {0, 0, nullptr, Name::Fitness::kUnfit};
 
 /// The memory of the elements that were made under one created node: blocks of growing size,
 /// filled from both ends (elements and names from the front, texts from the back, which saves 5 %
@@ -58,9 +74,28 @@ class Arena {
     char* AllocateText(std::size_t size) {
         return size <= FreeSpace() ? back_ -= size : AllocateElsewhere(size);
     }
-    /// Whether there is room for both without another block, so that allocating them cannot fail.
+    /// Memory for an object and a text.
+    struct Pair {
+        void* object;
+        char* text;
+    };
+    /// Whether there is room for both without another block. Then `TakePair` gives them.
     bool HasRoom(std::size_t size, std::size_t textSize) const {
         return RoundUp(size) + textSize <= FreeSpace();
+    }
+    Pair TakePair(std::size_t size, std::size_t textSize) {
+        return {std::exchange(front_, front_ + RoundUp(size)), back_ -= textSize};
+    }
+    /// Both, or an exception.
+    Pair AllocatePair(std::size_t size, std::size_t textSize) {
+        return HasRoom(size, textSize) ? TakePair(size, textSize)
+                                       : AllocatePairElsewhere(size, textSize);
+    }
+    /// Takes back the memory of the text that was allocated last, if it can.
+    void TakeBack(const char* place, std::size_t size) {
+        if (place == back_) {
+            back_ += size;
+        }
     }
     /// A copy of `text`, which may hold any bytes.
     const char* StoreText(std::string_view text) {
@@ -76,12 +111,16 @@ class Arena {
     /// The same, or null if it takes a search. Records repeat not only their names but the order of
     /// them, so that a comparison mostly does: saves 40 % of ToXML and 13 % of ParseXml.
     const Name* ExpectedName(std::string_view name) {
-        Name* const expected = latestName_ == nullptr ? nullptr : latestName_->successor;
-        if (expected == nullptr || !quavera::IsSameText(expected->View(), name)) {
-            return nullptr;
-        }
-        return latestName_ = expected;
+        const Name* const expected = NextName();
+        return expected != nullptr && quavera::IsSameText(expected->View(), name) ? UseNextName()
+                                                                                  : nullptr;
     }
+    /// The name that is expected next; null where there is none.
+    const Name* NextName() const {
+        return latestName_ == nullptr ? nullptr : latestName_->successor;
+    }
+    /// Says that it is it, and returns it.
+    const Name* UseNextName() { return latestName_ = latestName_->successor; }
 
     /// The same by a search.
     const Name* FindOrAddName(std::string_view name);
@@ -110,6 +149,7 @@ class Arena {
     char* NewBlock(std::size_t size);
     void StartBlock(std::size_t needed);
     char* AllocateElsewhere(std::size_t size);
+    Pair AllocatePairElsewhere(std::size_t size, std::size_t textSize);
     Name* NewName(std::string_view name, std::uint32_t hash);
     std::uint32_t SlotOf(std::uint32_t hash, std::uint32_t probe) const {
         return ((hash >> slotShift_) + probe) & lastSlot_;

@@ -174,7 +174,7 @@ bool DecodeLastGroup(const char* text, char* data, long* size) {
 
 }  // namespace
 
-void zq::WriteBase64(std::string_view bytes, char* text) {
+char* zq::WriteBase64(std::string_view bytes, char* text) {
     const char* data = bytes.data();
     std::size_t left = bytes.size();
     // Six bytes of a load of eight: saves 2 % of WriteXml.
@@ -198,7 +198,28 @@ void zq::WriteBase64(std::string_view bytes, char* text) {
         if (left == 1) {
             text[2] = kPadding;
         }
+        text += 4;
     }
+    return text;
+}
+
+bool zq::ReadBase64(std::string_view text, char* bytes) {
+    if (text.empty() || text.size() % 4 != 0) {
+        return text.empty();
+    }
+    const std::size_t groups = text.size() / 4 - 1;
+    char* const last = bytes + groups * 3;
+    const char* const lastGroup = text.data() + groups * 4;
+    const std::size_t count = DecodedSize(text) - groups * 3;
+    const std::uint32_t bits = Group(lastGroup[0], lastGroup[1], count < 2 ? 'A' : lastGroup[2],
+                                     count < 3 ? 'A' : lastGroup[3]);
+    // Also of the bits that no byte has: they are zero when we write it.
+    if ((DecodeGroups(text.data(), static_cast<long>(groups), bytes) >= kNoValue) ||
+        (bits >> (8 * count)) != 0) {
+        return false;
+    }
+    std::memcpy(last, &bits, count);
+    return true;
 }
 
 std::string zq::EncodeBase64(std::string_view bytes) {

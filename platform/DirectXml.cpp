@@ -1,149 +1,200 @@
 #include "platform/DirectXml.h"
 
-#include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <string>
+#include <string_view>
 #include <utility>
-#include <vector>
 
+#include "base/SmallText.h"
+#include "base/Speed.h"
 #include "platform/Node.h"
+#include "platform/OrdinaryText.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlText.h"
 
 namespace ZQXML {
 namespace {
 
-/// Reads from the front of a text. Each step that reads tells whether it found what it can read; if
-/// not, the text is not one for this reader, and what is left of it of no use.
+/// Each step of reading takes the place where it begins and returns the one where it ends; null if
+/// the text is not one for this reader.
 class DirectReader {
  public:
-    explicit DirectReader(std::string_view text) : rest_(text) {}
+    explicit DirectReader(std::string_view text)
+        : end_(text.data() + text.size()),
+          holder_(CreateXmlNode()),
+          parent_(static_cast<Node*>(holder_.get())),
+          arena_(parent_->TreeArena()) {}
 
-    zq::auto_com<INode> Read() {
-        SkipWhiteSpace();
-        bool isPlain = Skip("<") && ReadElement();
-        while (isPlain && !open_.empty()) {
-            isPlain = Skip("</") ? ReadEndTag() : Skip("<") && ReadElement();
+    zq::auto_com<INode> Read(const char* at) {
+        at = SkipWhiteSpace(at);
+        if (!IsAtTag(at)) {
+            return nullptr;
         }
-        SkipWhiteSpace();
-        return isPlain && rest_.empty() ? std::move(root_) : nullptr;
+        do {
+            if (!IsAtTag(at)) {
+                at = ReadUnusualText(at);  // after an element: it stands in no tree
+            } else {
+                at = depth_ > 0 && IsAtEndTag(at) ? ReadEndTag(at) : ReadElement(at + 1);
+            }
+        } while (at != nullptr && depth_ > 0);
+        if (at == nullptr || SkipWhiteSpace(at) != end_) {
+            return nullptr;
+        }
+        Node* const root = parent_->FirstChild();
+        root->AddRef();
+        return zq::auto_com<INode>(root);
     }
 
  private:
-    /// An element whose end tag is still to come.
-    struct Element {
-        Node* node;
-        std::string_view name;
-    };
+    std::size_t Left(const char* at) const { return static_cast<std::size_t>(end_ - at); }
+    std::string_view Rest(const char* at) const { return {at, Left(at)}; }
+    bool IsAtTag(const char* at) const { return at != end_ && *at == '<'; }
+    bool IsAtEndTag(const char* at) const { return Left(at) >= 2 && at[1] == '/'; }
 
-    bool Skip(std::string_view expected) {
-        const bool isThere = rest_.substr(0, expected.size()) == expected;
-        if (isThere) {
-            rest_.remove_prefix(expected.size());
+    QUAVERA_INLINE_FOR_SPEED bool StartsWith(const char* at, std::string_view expected) const {
+        return Left(at) >= expected.size() &&
+               quavera::IsSameByWords(at, expected.data(), expected.size());
+    }
+
+    const char* SkipWhiteSpace(const char* at) const {
+        while (at != end_ && kXmlWhiteSpace.find(*at) != std::string_view::npos) {
+            ++at;
         }
-        return isThere;
+        return at;
     }
 
-    void SkipWhiteSpace() {
-        rest_.remove_prefix(std::min(rest_.find_first_not_of(kXmlWhiteSpace), rest_.size()));
-    }
-
-    std::string_view Take(std::size_t size) {
-        const std::string_view taken = rest_.substr(0, size);
-        rest_.remove_prefix(size);
-        return taken;
-    }
-
-    /// An element whole, which saves 2 % of ParseXml, or up to its first child. Its "<" has been
-    /// read.
-    bool ReadElement() {
-        if (rest_.empty() || !MayStand(rest_[0], kAtNameStart) || open_.size() == kMaxXmlDepth) {
-            return false;
+    /// What follows the "<" of a start tag, and the element whole, or up to its first child.
+    const char* ReadElement(const char* at) {
+        // Most often, it is the name that is expected, and ">". These are compared with the text in
+        // place.
+        const Name* name = arena_.NextName();
+        if (name != nullptr && StartsWith(at, name->ViewWithEnd())) {
+            arena_.UseNextName();
+            return ReadPlain(at + name->size + 1, name);
         }
-        const std::string_view name = Take(CountNameCharacters(rest_));
-        const bool isEncoded = Skip(kXmlEncodedMark);
-        if (Skip("/>")) {
+        name = ReadName(at);
+        if (name == nullptr) {
+            return nullptr;
+        }
+        at += name->size;
+        const bool isEncoded = StartsWith(at, kXmlEncodedMark);
+        at += isEncoded ? kXmlEncodedMark.size() : 0;
+        if (StartsWith(at, "/>")) {
             Add(name, {}, isEncoded);
-            return SkipText();
+            return at + 2;
         }
-        std::string_view text;
-        if (!Skip(">") || !ReadText(&text)) {
-            return false;
+        if (!StartsWith(at, ">")) {
+            return nullptr;
         }
-        if (Skip("</")) {
+        return isEncoded ? ReadEncoded(at + 1, name) : ReadPlain(at + 1, name);
+    }
+
+    /// Null where there is none.
+    const Name* ReadName(const char* at) {
+        const Name* const expected = arena_.NextName();
+        if (expected != nullptr && StartsWith(at, expected->View()) &&
+            !StartsWithNameCharacter(at + expected->size)) {
+            return arena_.UseNextName();
+        }
+        const std::size_t size =
+            at != end_ && MayStand(*at, kAtNameStart) ? CountNameCharacters(Rest(at)) : 0;
+        return size == 0 ? nullptr : arena_.FindOrAddName({at, size});
+    }
+
+    bool StartsWithNameCharacter(const char* at) const {
+        return at != end_ && MayStand(*at, kInName);
+    }
+
+    /// The text of an element and its end tag, or the text up to its first child.
+    QUAVERA_INLINE_FOR_SPEED const char* ReadPlain(const char* at, const Name* name) {
+        // Most texts are seen in place.
+        const char* const end = SkipOrdinaryText(at, end_);
+        return IsAtTag(end) ? ReadEnd(end, name, {at, static_cast<std::size_t>(end - at)}, false)
+                            : ReadUnusual(at, name, false);
+    }
+
+    /// The same of an element that is marked. A text as we write it is looked at by its decoder
+    /// alone.
+    const char* ReadEncoded(const char* at, const Name* name) {
+        const auto* const end = static_cast<const char*>(std::memchr(at, '<', Left(at)));
+        const bool isWhole = end != nullptr && IsAtEndTag(end);
+        return isWhole && parent_->AddBase64(name, {at, static_cast<std::size_t>(end - at)})
+                   ? ReadEndTag(end, *name)
+                   : ReadUnusual(at, name, true);
+    }
+
+    [[gnu::noinline]] const char* ReadUnusual(const char* at, const Name* name, bool isEncoded) {
+        at = ReadUnusualText(at);
+        return at == nullptr ? nullptr : ReadEnd(at, name, text_, isEncoded);
+    }
+
+    /// What follows the text of an element.
+    const char* ReadEnd(const char* at, const Name* name, std::string_view text, bool isEncoded) {
+        if (IsAtEndTag(at)) {
             Add(name, text, isEncoded);
-            return Skip(name) && Skip(">") && SkipText();
+            return ReadEndTag(at, *name);
         }
         const bool isLayout = text.find_first_not_of(kXmlWhiteSpace) == std::string_view::npos;
-        open_.push_back({Add(name, isLayout ? std::string_view() : text, isEncoded), name});
-        return true;
+        parent_ = Add(name, isLayout ? std::string_view() : text, isEncoded);
+        // Here one level below what may be read: whether there is one more is for expat to find
+        // out.
+        return ++depth_ < kMaxXmlDepth ? at : nullptr;
     }
 
-    /// Its "</" has been read.
-    bool ReadEndTag() {
-        if (!Skip(open_.back().name) || !Skip(">")) {
-            return false;
+    Node* Add(const Name* name, std::string_view text, bool isEncoded) {
+        Node* const node = parent_->AddElement(name, text);
+        if (isEncoded) {
+            node->MarkEncoded(true);
         }
-        open_.pop_back();
-        return SkipText();
-    }
-
-    Node* Add(std::string_view name, std::string_view text, bool isEncoded) {
-        Node* const node = root_ ? open_.back().node->AddElement(name, text) : AddRoot(name, text);
-        node->MarkEncoded(isEncoded);
         return node;
     }
 
-    Node* AddRoot(std::string_view name, std::string_view text) {
-        root_ = CreateXmlNode();
-        Node* const node = static_cast<Node*>(root_.get());
-        node->SetNameAndText(name, text);
-        return node;
+    const char* ReadEndTag(const char* at) {
+        const Name& name = parent_->StoredName();
+        parent_ = parent_->Parent();
+        --depth_;
+        return ReadEndTag(at, name);
     }
 
-    /// Character data after an element: it stands in no tree.
-    bool SkipText() {
-        std::string_view text;
-        return open_.empty() || ReadText(&text);
+    const char* ReadEndTag(const char* at, const Name& name) const {
+        return StartsWith(at, name.EndTag()) ? at + name.EndTag().size() : nullptr;
     }
 
-    /// Character data, up to the next "<": most texts are seen in place, which saves 25 % of
-    /// ParseXml.
-    bool ReadText(std::string_view* text) {
-        *text = Take(CountPlainText(rest_));
-        if (IsAtTag()) {
-            return true;
-        }
-        text_ = *text;
-        while (ReadReference()) {
-            text_ += Take(CountPlainText(rest_));
-        }
-        *text = text_;
-        return IsAtTag();
+    /// Character data of any kind, up to the next "<", into `text_`.
+    [[gnu::noinline]] const char* ReadUnusualText(const char* at) {
+        text_.clear();
+        do {
+            const std::size_t size = CountPlainText(Rest(at));
+            text_.append(at, size);
+            at += size;
+        } while (ReadReference(&at));
+        return IsAtTag(at) ? at : nullptr;
     }
 
-    bool IsAtTag() const { return !rest_.empty() && rest_[0] == '<'; }
-
-    bool ReadReference() {
+    bool ReadReference(const char** at) {
         for (const XmlReference& reference : kXmlReferences) {
-            if (Skip(reference.text)) {
+            if (StartsWith(*at, reference.text)) {
                 text_ += reference.character;
+                *at += reference.text.size();
                 return true;
             }
         }
         return false;
     }
 
-    std::string_view rest_;
-    zq::auto_com<INode> root_;
-    std::vector<Element> open_;
-    std::string text_;  // of the latest element, where it is not written as it is
+    const char* const end_;
+    zq::auto_com<INode> holder_;  // of the root, which is read like any other element
+    Node* parent_;                // the innermost element whose end tag is still to come, or that
+    Arena& arena_;
+    std::size_t depth_ = 0;  // the number of elements whose end tag is still to come
+    std::string text_;       // of the latest element, where it is not written as it is
 };
 
 }  // namespace
 
 zq::auto_com<INode> ReadXmlDirectly(std::string_view text) {
-    return DirectReader(text).Read();
+    return DirectReader(text).Read(text.data());
 }
 
 }  // namespace ZQXML

@@ -63,18 +63,48 @@ class Node final : public INode {
     void Release() override;
 
     void AddRef() override;
-    bool IsEncoded() override { return Form() != TextForm::kPlain; }
+    bool IsEncoded() override { return Form() == TextForm::kBase64 || Form() == TextForm::kBytes; }
     INodeList* GetChildrenIfAny() override { return FirstChild() == nullptr ? nullptr : children_; }
     NodeView View() override;
     void AddCString(std::string_view name, const char* text) override;
-    void AddText(std::string_view name, std::string_view text) override { AddElement(name, text); }
+    void AddText(std::string_view name, std::string_view text) override;
     void AddNumber(std::string_view name, int value) override;
     void AddEncoded(std::string_view name, std::string_view bytes) override;
     zq::auto_com<INode> CreateNode(std::string_view name) override;
 
+    const Name& StoredName() const { return *name_; }
+    TextForm Form() const { return static_cast<TextForm>(state_ & kFormMask); }
+    /// What is kept of the text: itself, or the bytes that it stands for. Not of a number.
+    std::string_view Content() const { return {content_, contentSize_}; }
+    /// Of a number only.
+    std::int32_t Number() const { return static_cast<std::int32_t>(contentSize_); }
+    Node* Parent() const { return parent_; }
+    Node* FirstChild() const { return children_ == nullptr ? nullptr : children_->first_; }
+    Node* NextSibling() const { return next_; }
+    /// The element after this one in document order within the subtree of `root`.
+    Node* NextInSubtree(const Node* root) const {
+        if (Node* const child = FirstChild()) {
+            return child;
+        }
+        const Node* node = this;
+        while (node != root && node->next_ == nullptr) {
+            node = node->parent_;
+        }
+        return node == root ? nullptr : node->next_;
+    }
+
+    Arena& TreeArena() { return *arena_; }
+
     /// Adds a last child and returns it, borrowed.
     Node* AddElement(std::string_view name, std::string_view text);
+    /// The same, with a name of the tree's arena.
+    Node* AddElement(const Name* name, std::string_view text);
+    /// The same, for a text as `zq::WriteBase64` writes it: marked as encoded, and kept as the
+    /// bytes that it stands for, which takes less memory and is what readers are after. False, with
+    /// nothing added, for any other text.
+    bool AddBase64(const Name* name, std::string_view text);
     void SetNameAndText(std::string_view name, std::string_view text);
+    void SetName(const Name* name) { name_ = name; }
     void SetText(std::string_view text);
     /// Says what the text is: plain, or base64.
     void MarkEncoded(bool isEncoded) { SetForm(isEncoded ? TextForm::kBase64 : TextForm::kPlain); }
@@ -88,19 +118,16 @@ class Node final : public INode {
 
     bool IsReferenced() const { return state_ >= kReference; }
     std::string_view NameText() const { return name_->View(); }
-    TextForm Form() const { return static_cast<TextForm>(state_ & kFormMask); }
     void SetForm(TextForm form) {
         state_ = (state_ & ~kFormMask) | static_cast<std::uint32_t>(form);
     }
-    bool HoldsBytes() const { return Form() == TextForm::kBytes; }
-    /// What is kept of the text: itself, or the bytes that it stands for.
-    std::string_view Content() const { return {content_, contentSize_}; }
-    Node* AddLeaf(const Name* name, std::string_view text);
+    Node* AddLeaf(Arena::Pair memory, const Name* name, std::string_view text);
+    Node* AddNamed(std::string_view name, std::string_view text);
+    bool IsReadyForLeaf(std::size_t textSize) const;
     Node* AddElementWithPreparation(std::string_view name, std::string_view text);
+    Node* AddElementWithPreparation(const Name* name, std::string_view text);
     const Name* InternedName(std::string_view name);
     ChildList* Children();
-    Node* FirstChild() const { return children_ == nullptr ? nullptr : children_->first_; }
-    Node* NextInSubtree(const Node* root) const;
     bool IsInSubtreeOf(Node* root);
     void Attach(Node* child);
     void AttachCopy(INode* foreign);
@@ -114,8 +141,8 @@ class Node final : public INode {
     ChildList* children_ = nullptr;
     const Name* name_ = &kNoName;
     const char* content_ = nullptr;
-    std::uint32_t contentSize_ = 0;
-    std::uint32_t state_;  // the form, and kReference times the number of references
+    std::uint32_t contentSize_ = 0;  // or the number
+    std::uint32_t state_;            // the form, and kReference times the number of references
 };
 
 }  // namespace ZQXML

@@ -27,6 +27,7 @@ enum class TextForm : unsigned int {
     kPlain,   // a text without the mark of encoded text
     kBase64,  // an encoded text, as it is
     kBytes,   // the bytes that an encoded text stands for, in its place
+    kNumber,  // the number that a text is the decimal form of, in its place
     kUnseen,  // neither name nor text are shown: ask the node for what is needed
 };
 
@@ -34,13 +35,16 @@ enum class TextForm : unsigned int {
 /// An array of these takes no initialisation.
 struct NodeView {
     std::string_view Name() const { return {nameData, nameSize}; }
+    /// Text or bytes; not of a number.
     std::string_view Text() const { return {textData, textSize}; }
+    /// Of a number only.
+    int Number() const { return static_cast<int>(static_cast<unsigned int>(textSize)); }
 
     INode* node;
     const char* nameData;
     std::size_t nameSize;
     const char* textData;
-    std::size_t textSize;
+    std::size_t textSize;  // of a number: its 32 bits
     TextForm form;
 };
 

@@ -56,10 +56,6 @@ void ChildReader::Values(std::string_view name, std::vector<std::string>& field)
     }
 }
 
-void TextLines::Unsigned(std::string_view label, unsigned long value) {
-    Plain(label, quavera::Decimal(value).View());
-}
-
 void TextLines::Each(std::string_view label, const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
         Plain(label, text);

@@ -201,13 +201,13 @@ class ChildReader {
     }
     void Number(std::string_view name, int& field) {
         if (Takes(name)) {
-            field = Child()->GetValueInt();
+            field = walk_.Number();
         }
     }
     template <class Integer>
     void Unsigned(std::string_view name, Integer& field) {
         if (Takes(name)) {
-            field = static_cast<std::uint32_t>(Child()->GetValueInt());  // zeros in front of it
+            field = static_cast<std::uint32_t>(walk_.Number());  // zeros in front of it
         }
     }
     void HexLetter(std::string_view name, std::string& field);
@@ -277,7 +277,7 @@ class ChildReader {
     }
 
     /// Whether the next child that no row has taken yet has that name. Then this row takes it.
-    bool Takes(std::string_view name) {
+    QUAVERA_INLINE_FOR_SPEED bool Takes(std::string_view name) {
         if (state_ == kTaken) {
             Advance(kNotTried);
         }
@@ -313,20 +313,22 @@ class ChildReader {
 class TextLines {
  public:
     QUAVERA_INLINE_FOR_SPEED void Plain(std::string_view label, std::string_view text) {
-        Begin(label, text.size() + kLineEnd.size());
-        text_.Put(text);
-        text_.Put(kLineEnd);
+        char* to = Begin(label, text.size() + kLineEnd.size());
+        to = quavera::CopyText(text, to);
+        text_.SetEnd(quavera::CopyText(kLineEnd, to));
     }
     void Display(std::string_view label, const std::wstring& text) {
-        Begin(label, 0);
+        text_.SetEnd(Begin(label, 0));
         EndWith(text);
     }
     void DisplayAfter(std::string_view label, const std::wstring& text) {
         text_.Append(label);
         EndWith(text);
     }
-    void Number(std::string_view label, int value) { Plain(label, quavera::Decimal(value).View()); }
-    void Unsigned(std::string_view label, unsigned long value);
+    QUAVERA_INLINE_FOR_SPEED void Number(std::string_view label, int value) {
+        Decimal(label, value);
+    }
+    void Unsigned(std::string_view label, unsigned long value) { Decimal(label, value); }
     void Flag(std::string_view label, bool value) { Plain(label, zq::ToString(value)); }
     void Each(std::string_view label, const std::vector<std::string>& texts);
     void Unbroken(std::string_view prefix, const std::vector<std::string>& texts);
@@ -335,7 +337,7 @@ class TextLines {
 
     template <class Record>
     void Nested(std::string_view label, const Record& record) {
-        Begin(label, 0);
+        text_.SetEnd(Begin(label, 0));
         AddLines(record, *this);
         text_.Append(kLineEnd);
     }
@@ -361,16 +363,22 @@ class TextLines {
     static constexpr std::string_view kEquals = " = ";
     static constexpr std::string_view kLineEnd = "\r\n";
 
-    /// Begins a line, with room for that many bytes more: looking at the room once for each line
-    /// saves 13 % of a log text.
-    void Begin(std::string_view label, std::size_t room) {
-        text_.Reserve(label.size() + kEquals.size() + room);
-        text_.Put(label);
-        text_.Put(kEquals);
+    template <class Integer>
+    void Decimal(std::string_view label, Integer value) {
+        text_.SetEnd(Begin(label, 0));
+        quavera::Nodes::AppendDecimal(value, &text_);
+        text_.Append(kLineEnd);
+    }
+    /// Begins a line. Returns the place behind it, with room for that many bytes: looking at the
+    /// room once for each line saves 13 % of a log text.
+    char* Begin(std::string_view label, std::size_t room) {
+        char* const to = text_.Reserve(label.size() + kEquals.size() + room);
+        return quavera::CopyText(kEquals, quavera::CopyText(label, to));
     }
     void EndWith(const std::wstring& text) {
+        static_assert(kLineEnd.size() <= quavera::kRoomAfterNarrow);
         quavera::AppendNarrow(text, &text_);
-        text_.Append(kLineEnd);
+        text_.Put(kLineEnd);
     }
     /// Makes room for items, by the size of the first one: saves 34 % of a log text. Up to what is
     /// typical, or one long item would take as much for each of the others.

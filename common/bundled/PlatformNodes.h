@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include "base/TextBuffer.h"
 #include "platform/Decimal.h"
 #include "platform/zqshared.h"
 
 namespace quavera {
 
-using zq::Decimal;
 using ZQXML::NodeView;
 using ZQXML::TextForm;
 
@@ -37,6 +37,10 @@ struct Nodes {
     static void AddNumber(Node* node, Text name, int value) { node->AddNumber(name, value); }
     static void AddEncoded(Node* node, Text name, const std::string& bytes) {
         node->AddEncoded(name, bytes);
+    }
+    template <class Number>
+    static void AppendDecimal(Number value, TextBuffer* out) {
+        out->SetEnd(zq::PutDecimal(value, out->Reserve(zq::kMostDecimal<Number>)));
     }
     static zq::auto_com<Node> NewChild(Node* parent, Text name) { return parent->CreateNode(name); }
 };

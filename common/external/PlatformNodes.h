@@ -10,28 +10,18 @@
 
 namespace quavera {
 
-enum class TextForm { kPlain, kBase64, kBytes, kUnseen };
+enum class TextForm { kPlain, kBase64, kBytes, kNumber, kUnseen };
 
 /// Nothing but the node is ever seen.
 struct NodeView {
     std::string_view Name() const { return {nameData, nameSize}; }
     std::string_view Text() const { return {}; }
+    int Number() const { return 0; }
 
     ZQXML::INode* node;
     const char* nameData;
     std::size_t nameSize;
     TextForm form;
-};
-
-/// The decimal text of a number.
-template <class Number>
-class Decimal {
- public:
-    explicit Decimal(Number value) : text_(zq::ToString(value)) {}
-    std::string_view View() const { return text_; }
-
- private:
-    std::string text_;
 };
 
 /// common/NodeAccess.h by what every platform library has.
@@ -63,6 +53,10 @@ struct Nodes {
     }
     static void AddEncoded(Node* node, Text name, const std::string& bytes) {
         node->AddChildEncoded(std::string(name), EncodeBase64(bytes));
+    }
+    template <class Number>
+    static void AppendDecimal(Number value, TextBuffer* out) {
+        out->Append(zq::ToString(value));
     }
     static zq::auto_com<Node> NewChild(Node* /*parent*/, Text name) {
         auto node = ZQXML::CreateXmlNode();
