@@ -15,11 +15,17 @@ constexpr Entry kContenders[] = {
     {"ours", MakeOurs},
     {"floor", MakeFloor},
     {"floor-bare", MakeFloorBare},
-#ifdef QUAVERA_BENCH_PEERS
+#ifdef QUAVERA_BENCH_PUGIXML
     {"pugixml", MakePugixml},
     {"pugixml-lean", MakePugixmlLean},
+#endif
+#ifdef QUAVERA_BENCH_LIBXML2
     {"libxml2", MakeLibxml2},
+#endif
+#ifdef QUAVERA_BENCH_TINYXML2
     {"tinyxml2", MakeTinyxml2},
+#endif
+#ifdef QUAVERA_BENCH_GSOAP
     {"gsoap-text", MakeGsoapText},
     {"gsoap-text-full", MakeGsoapTextFull},
 #endif
