@@ -11,6 +11,7 @@ namespace bench {
 using Names = std::vector<std::string>;
 
 inline const Names kTrees = {"ours", "pugixml", "pugixml-lean", "libxml2", "tinyxml2"};
+inline const Names kMessages = {"protobuf", "protobuf-arena", "protobuf-kept", "flatbuffers"};
 inline const Names kFloors = {"floor", "floor-bare"};
 inline const Names kGsoap = {"gsoap-text", "gsoap-text-full"};
 inline const Names kInHeap = {"ours", "floor", "pugixml", "libxml2", "tinyxml2"};
@@ -23,6 +24,11 @@ inline Names Both(Names first, const Names& second) {
     first.insert(first.end(), second.begin(), second.end());
     return first;
 }
+
+/// Those that are counted step by step.
+inline const Names kWithSteps = Both(kTrees, kMessages);
+/// Those that have the whole way, by a text or other bytes.
+inline const Names kDocuments = Both(kWithSteps, kGsoap);
 
 }  // namespace bench
 

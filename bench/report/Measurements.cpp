@@ -88,12 +88,15 @@ void Measurements::TakeInstructions() {
         for (const std::string& step : kRoundSteps) {
             instructions_.Want(name, kRound, kMany, step);
         }
+    }
+    for (const std::string& name : kWithSteps) {
         for (const std::string& step : kTextSteps) {
             instructions_.Want(name, kDocument, kMany, step);
         }
     }
-    for (const std::string& name : Both(kTrees, kGsoap)) {
+    for (const std::string& name : kDocuments) {
         instructions_.Want(name, kDocument, kMany);
+        instructions_.Want(name, kDocument, kFew);
     }
     for (const std::string& name : kWithText) {
         instructions_.Want(name, kText, kMany);

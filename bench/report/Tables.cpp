@@ -20,12 +20,13 @@ bool Has(const Names& names, const std::string& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// Instructions per track of single steps, which only the trees have.
+/// Instructions per track of single steps, for contenders that have these.
 void AddSteps(const Measurements& measured, const std::string& name, const std::string& steps,
               const Names& functions, Row* row) {
     for (const std::string& function : functions) {
-        row->push_back(
-            Has(kTrees, name) ? Whole(measured.Count(name, steps, kMany, function) / kMany) : "");
+        row->push_back(Has(kWithSteps, name)
+                           ? Whole(measured.Count(name, steps, kMany, function) / kMany)
+                           : "");
     }
 }
 
@@ -98,13 +99,17 @@ void PrintRounds(const Measurements& measured) {
 
 void PrintDocuments(const Measurements& measured) {
     std::printf("### Round with the tree's text: W, S, F, P, R, F and the record's drop\n\n");
-    Table table({"", "S", "P", "all", "/ ours", "µs", "µs / ours", "12: µs"});
-    for (const std::string& name : Both(kTrees, kGsoap)) {
+    Table table(
+        {"", "S", "P", "all", "/ ours", "12 tracks", "12: / ours", "µs", "µs / ours", "12: µs"});
+    for (const std::string& name : kDocuments) {
         Row row = {name};
         AddSteps(measured, name, kDocument, kTextSteps, &row);
         const double all = measured.Count(name, kDocument, kMany);
         row.push_back(Whole(all / kMany));
         row.push_back(Fixed(all / measured.Count("ours", kDocument, kMany), 2));
+        const double few = measured.Count(name, kDocument, kFew);
+        row.push_back(Whole(few / kFew));
+        row.push_back(Fixed(few / measured.Count("ours", kDocument, kFew), 2));
         AddTimes(measured, name, "document", &row);
         table.Row(row);
     }

@@ -25,6 +25,14 @@ constexpr Entry kContenders[] = {
 #ifdef QUAVERA_BENCH_TINYXML2
     {"tinyxml2", MakeTinyxml2},
 #endif
+#ifdef QUAVERA_BENCH_PROTOBUF
+    {"protobuf", MakeProtobuf},
+    {"protobuf-arena", MakeProtobufArena},
+    {"protobuf-kept", MakeProtobufKept},
+#endif
+#ifdef QUAVERA_BENCH_FLATBUFFERS
+    {"flatbuffers", MakeFlatbuffers},
+#endif
 #ifdef QUAVERA_BENCH_GSOAP
     {"gsoap-text", MakeGsoapText},
     {"gsoap-text-full", MakeGsoapTextFull},

@@ -67,6 +67,10 @@ std::unique_ptr<Contender> MakePugixml();
 std::unique_ptr<Contender> MakePugixmlLean();
 std::unique_ptr<Contender> MakeLibxml2();
 std::unique_ptr<Contender> MakeTinyxml2();
+std::unique_ptr<Contender> MakeProtobuf();
+std::unique_ptr<Contender> MakeProtobufArena();
+std::unique_ptr<Contender> MakeProtobufKept();
+std::unique_ptr<Contender> MakeFlatbuffers();
 std::unique_ptr<Contender> MakeGsoapText();
 std::unique_ptr<Contender> MakeGsoapTextFull();
 
