@@ -52,14 +52,13 @@ inline void PutPair(std::uint32_t bits, char* to) {
     std::memcpy(to, &kPairs[bits], 2);
 }
 
-/// Base64 of `text` into `encoded`; the number of characters.
-inline std::size_t Encode(const std::string& text) {
+/// Base64 of `text` from `to` on, with two characters more of room; where it ends.
+inline char* Encode(const std::string& text, char* to) {
     if (text.size() > kLongestText) {
         Fail();
     }
     const char* from = text.data();
     std::size_t left = text.size();
-    char* to = encoded;
     // A load of eight bytes for six of them.
     for (; left >= 8; left -= 6, from += 6, to += 8) {
         std::uint64_t bits = 0;
@@ -85,7 +84,7 @@ inline std::size_t Encode(const std::string& text) {
         }
         to += 4;
     }
-    return static_cast<std::size_t>(to - encoded);
+    return to;
 }
 
 inline std::uint32_t Group(const char* from) {
@@ -93,12 +92,14 @@ inline std::uint32_t Group(const char* from) {
            kMeanings[3][Code(from[3])];
 }
 
+/// What was decoded, in `decoded`.
 struct Bytes {
     std::size_t size;
     bool isAscii;
+    const char* end;  // of the base64 text
 };
 
-/// The bytes of the first `size` characters of `encoded`, into `decoded`.
+/// The bytes of the `size` characters of `encoded`, into `decoded`.
 inline Bytes Decode(std::size_t size) {
     const char* from = encoded;
     const std::size_t pads = size == 0               ? 0
@@ -123,7 +124,35 @@ inline Bytes Decode(std::size_t size) {
     if ((all & kForeign) != 0) {
         Fail();
     }
-    return {static_cast<std::size_t>(to - decoded), (all & kHighBits) == 0};
+    return {static_cast<std::size_t>(to - decoded), (all & kHighBits) == 0, encoded + size};
+}
+
+/// The bytes of the base64 text from `from` up to the next `<`, into `decoded`.
+inline Bytes DecodeUpToEnd(const char* from) {
+    const char* const longest = from + 2 * kLongestText;
+    char* to = decoded;
+    std::uint32_t all = 0;
+    std::uint32_t bits = 0;
+    for (; ((bits = Group(from)) & kForeign) == 0; from += 4, to += 3) {
+        if (from >= longest) {
+            Fail();
+        }
+        all |= bits;
+        std::memcpy(to, &bits, 4);
+    }
+    if (*from != '<') {
+        const std::size_t pads = from[2] == '=' ? 2 : 1;
+        const char last[4] = {from[0], from[1], pads == 2 ? 'A' : from[2], 'A'};
+        bits = Group(last);
+        if (from[3] != '=' || from[4] != '<' || (bits & kForeign) != 0) {
+            Fail();
+        }
+        all |= bits;
+        std::memcpy(to, &bits, 4);
+        to += 3 - pads;
+        from += 4;
+    }
+    return {static_cast<std::size_t>(to - decoded), (all & kHighBits) == 0, from};
 }
 
 }  // namespace bench::floor

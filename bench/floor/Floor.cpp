@@ -45,14 +45,8 @@ void Way::Display(const std::string* text, std::wstring& field) {
     if (text == nullptr) {
         return;
     }
-    const Bytes bytes = Decode(Encode(*text));
-    std::size_t size = bytes.size;
-    if (bytes.isAscii) {
-        WidenAscii(size);
-    } else {
-        size = Widen(size);
-    }
-    field = std::wstring(wide, size);  // cheaper than to assign
+    const char* const end = Encode(*text, encoded);
+    field = Wide(Decode(static_cast<std::size_t>(end - encoded)));
 }
 
 void Way::Plain(const std::string* text, std::string& field) {

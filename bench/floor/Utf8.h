@@ -3,7 +3,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
+#include "bench/floor/Base64.h"
 #include "bench/floor/Buffers.h"
 
 namespace bench::floor {
@@ -64,6 +66,17 @@ inline void WidenAscii(std::size_t size) {
             wide[at + lane] = static_cast<wchar_t>(Code(decoded[at + lane]));
         }
     }
+}
+
+/// The wide string of what was decoded. To make one is cheaper than to assign to one.
+inline std::wstring Wide(const Bytes& bytes) {
+    std::size_t size = bytes.size;
+    if (bytes.isAscii) {
+        WidenAscii(size);
+    } else {
+        size = Widen(size);
+    }
+    return {wide, size};
 }
 
 }  // namespace bench::floor

@@ -15,6 +15,7 @@ constexpr Entry kContenders[] = {
     {"ours", MakeOurs},
     {"floor", MakeFloor},
     {"floor-bare", MakeFloorBare},
+    {"floor-text", MakeFloorText},
 #ifdef QUAVERA_BENCH_PUGIXML
     {"pugixml", MakePugixml},
     {"pugixml-lean", MakePugixmlLean},

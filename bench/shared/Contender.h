@@ -63,6 +63,7 @@ std::unique_ptr<Contender> MakeContender(const std::string& name);
 std::unique_ptr<Contender> MakeOurs();
 std::unique_ptr<Contender> MakeFloor();
 std::unique_ptr<Contender> MakeFloorBare();
+std::unique_ptr<Contender> MakeFloorText();
 std::unique_ptr<Contender> MakePugixml();
 std::unique_ptr<Contender> MakePugixmlLean();
 std::unique_ptr<Contender> MakeLibxml2();
