@@ -43,14 +43,20 @@ void RegisterConversion(const char* title, Convert convert) {
     benchmark::RegisterBenchmark(title, measure)->Unit(benchmark::kMicrosecond);
 }
 
+/// The floors that have no XML text.
 bool IsFloor(const std::string& name) {
-    return name.compare(0, 5, "floor") == 0;
+    return name == "floor" || name == "floor-bare";
+}
+
+/// Whether the contender has the whole way only.
+bool IsText(const std::string& name) {
+    return name == "floor-text" || name.find("gsoap") != std::string::npos;
 }
 
 void RegisterAll() {
     for (const std::string& name : bench::ContenderNames()) {
         for (const int trackCount : {kMany, kFew}) {
-            if (name.find("gsoap") == std::string::npos) {
+            if (!IsText(name)) {
                 Register("round", bench::kRound, name, trackCount);
             }
             if (!IsFloor(name)) {

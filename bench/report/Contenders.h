@@ -14,8 +14,17 @@ inline const Names kTrees = {"ours", "pugixml", "pugixml-lean", "libxml2", "tiny
 inline const Names kMessages = {"protobuf", "protobuf-arena", "protobuf-kept", "flatbuffers"};
 inline const Names kFloors = {"floor", "floor-bare"};
 inline const Names kGsoap = {"gsoap-text", "gsoap-text-full"};
+inline const Names kTextFloors = {"floor-text"};
 inline const Names kInHeap = {"ours", "floor", "pugixml", "libxml2", "tinyxml2"};
 inline const Names kWithText = {"ours", "floor", "floor-bare"};
+
+// By the album's size.
+inline const Names kGrowing = {"ours", "floor", "pugixml", "libxml2", "tinyxml2"};
+// On the target, where most of the others are not built.
+inline const Names kRoundOnTarget = {"ours", "pugixml", "floor"};
+inline const Names kDocumentOnTarget = {"ours", "pugixml", "floor-text"};
+inline const Names kStepsOnTarget = {"ours", "pugixml"};
+inline const Names kTextOnTarget = {"ours", "floor"};
 
 inline const Names kRoundSteps = {"StepWrite", "StepRead", "StepFree", "StepDrop"};
 inline const Names kTextSteps = {"StepSave", "StepParse"};
@@ -28,7 +37,7 @@ inline Names Both(Names first, const Names& second) {
 /// Those that are counted step by step.
 inline const Names kWithSteps = Both(kTrees, kMessages);
 /// Those that have the whole way, by a text or other bytes.
-inline const Names kDocuments = Both(kWithSteps, kGsoap);
+inline const Names kDocuments = Both(Both(kWithSteps, kGsoap), kTextFloors);
 
 }  // namespace bench
 

@@ -10,6 +10,10 @@
 
 namespace bench {
 
+Counter Callgrind() {
+    return {"valgrind --tool=callgrind --callgrind-out-file=/dev/null ", "Collected : "};
+}
+
 std::string Instructions::Key(const std::string& contender, const std::string& steps,
                               int trackCount, const std::string& step) {
     return contender + ' ' + steps + ' ' + std::to_string(trackCount) + ' ' + step;
@@ -17,7 +21,7 @@ std::string Instructions::Key(const std::string& contender, const std::string& s
 
 void Instructions::Want(const std::string& contender, const std::string& steps, int trackCount,
                         const std::string& step) {
-    std::string command = "valgrind --tool=callgrind --callgrind-out-file=/dev/null ";
+    std::string command = counter_.command;
     if (!step.empty()) {
         command += "'--toggle-collect=*" + step + "*' ";
     }
@@ -29,15 +33,14 @@ void Instructions::Want(const std::string& contender, const std::string& steps, 
     cases_[Key(contender, steps, trackCount, step)] = {command, fewer, more, 0};
 }
 
-double Instructions::Collected(const Case& wanted, int repeats) {
+double Instructions::Collected(const Case& wanted, int repeats) const {
     const std::string output = OutputOf(wanted.command + std::to_string(repeats) + " 2>&1");
-    const std::string label = "Collected : ";
-    const std::size_t at = output.find(label);
+    const std::size_t at = output.find(counter_.label);
     if (at == std::string::npos) {
         std::fprintf(stderr, "quavera-bench-report: no count in:\n%s", output.c_str());
         std::exit(1);
     }
-    return std::strtod(output.c_str() + at + label.size(), nullptr);
+    return std::strtod(output.c_str() + at + counter_.label.size(), nullptr);
 }
 
 void Instructions::Count() {

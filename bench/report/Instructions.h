@@ -7,13 +7,23 @@
 
 namespace bench {
 
-/// Instructions that runs of `quavera-bench-run` execute, counted by callgrind as the difference of
-/// two runs that differ in the number of repeats only. Starting, filling the album and warming up
-/// fall out of it.
+/// What runs a program and prints how many instructions it has executed.
+struct Counter {
+    std::string command;  // ahead of the program's own
+    std::string label;    // ahead of the count
+};
+
+/// Counts on this machine. It alone can count the instructions of single functions.
+Counter Callgrind();
+
+/// Instructions that runs of `quavera-bench-run` execute, counted as the difference of two runs
+/// that differ in the number of repeats only. Starting, filling the album and warming up fall out
+/// of it.
 class Instructions {
  public:
     /// `program` is the path of `quavera-bench-run`.
-    explicit Instructions(std::string program) : program_(std::move(program)) {}
+    Instructions(std::string program, Counter counter)
+        : program_(std::move(program)), counter_(std::move(counter)) {}
 
     /// Asks for the steps of a contender, or of these only `step`, a function's name.
     void Want(const std::string& contender, const std::string& steps, int trackCount,
@@ -34,9 +44,10 @@ class Instructions {
 
     static std::string Key(const std::string& contender, const std::string& steps, int trackCount,
                            const std::string& step);
-    static double Collected(const Case& wanted, int repeats);
+    double Collected(const Case& wanted, int repeats) const;
 
     std::string program_;
+    Counter counter_;
     std::map<std::string, Case> cases_;
 };
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <sstream>
+#include <utility>
 
 #include "bench/report/Command.h"
 #include "bench/report/Contenders.h"
@@ -15,25 +16,19 @@ void Say(const char* text) {
     std::fprintf(stderr, "quavera-bench-report: %s\n", text);
 }
 
-HeapBySteps RunHeap(const std::string& program, const std::string& contender) {
-    HeapBySteps heap;
-    std::istringstream rows(OutputOf(program + ' ' + contender + ' ' + std::to_string(kMany)));
-    std::string step;
-    Heap row;
-    while (rows >> step >> row.allocations >> row.requested >> row.held >> row.heldInHeap) {
-        heap[step] = row;
-    }
-    return heap;
-}
-
 }  // namespace
 
-Measurements::Measurements(const std::string& folder)
-    : folder_(folder), instructions_(folder + "/quavera-bench-run") {}
+Measurements::Measurements(const std::string& folder, Target target)
+    : folder_(folder),
+      target_(std::move(target)),
+      instructions_(folder + "/quavera-bench-run", Callgrind()) {}
 
-void Measurements::Take(const std::string& targetHeap) {
+void Measurements::Take() {
     Compare();
-    TakeHeap(targetHeap);
+    Say("emulating the target");
+    target_.WantGrowth();
+    target_.Take();
+    TakeHeap();
     TakeInstructions();
     TakeProfiles();
     TakeTimes();
@@ -68,13 +63,10 @@ void Measurements::Compare() {
     }
 }
 
-void Measurements::TakeHeap(const std::string& targetHeap) {
+void Measurements::TakeHeap() {
     Say("counting allocations");
     for (const std::string& name : kInHeap) {
-        heap_[name] = RunHeap(folder_ + "/quavera-bench-heap", name);
-    }
-    if (!targetHeap.empty()) {
-        targetHeap_ = RunHeap(targetHeap, "ours");
+        heap_[name] = bench::HeapOf(folder_ + "/quavera-bench-heap", name);
     }
 }
 
@@ -101,8 +93,10 @@ void Measurements::TakeInstructions() {
     for (const std::string& name : kWithText) {
         instructions_.Want(name, kText, kMany);
     }
-    for (const int trackCount : kGrowth) {
-        instructions_.Want("ours", kRound, trackCount);
+    for (const std::string& name : kGrowing) {
+        for (const int trackCount : kGrowth) {
+            instructions_.Want(name, kRound, trackCount);
+        }
     }
     for (const std::string way : {"ours", "iconv"}) {
         instructions_.Want("convert", way, kTextSize);

@@ -5,29 +5,20 @@
 #include <string>
 #include <vector>
 
+#include "bench/report/Heap.h"
 #include "bench/report/Instructions.h"
 #include "bench/report/Profile.h"
+#include "bench/report/Target.h"
 
 namespace bench {
 
-/// What a row of `quavera-bench-heap` says, per track.
-struct Heap {
-    double allocations = 0;
-    double requested = 0;
-    double held = 0;
-    double heldInHeap = 0;
-};
-
-using HeapBySteps = std::map<std::string, Heap>;
-
-/// All that the tables need, measured by the programs in one folder.
+/// All that the tables need, measured by the programs in one folder, and on the target.
 class Measurements {
  public:
-    explicit Measurements(const std::string& folder);
+    Measurements(const std::string& folder, Target target);
 
-    /// Runs everything. `targetHeap` is the command that runs the target's `quavera-bench-heap`,
-    /// empty without one. Ends the program where one of the programs fails.
-    void Take(const std::string& targetHeap);
+    /// Runs everything. Ends the program where one of the programs fails.
+    void Take();
 
     /// Instructions of one repeat of a contender's steps, or of one of these.
     double Count(const std::string& contender, const std::string& steps, int trackCount,
@@ -41,8 +32,8 @@ class Measurements {
     double ConversionTime(const std::string& way) const;
 
     const HeapBySteps& HeapOf(const std::string& contender) const { return heap_.at(contender); }
-    /// Empty where it was not measured.
-    const HeapBySteps& TargetHeap() const { return targetHeap_; }
+
+    const bench::Target& OnTarget() const { return target_; }
 
     /// Where the instructions of ours go.
     const std::vector<Share>& ProfileOfOurs(const std::string& steps) const {
@@ -51,16 +42,16 @@ class Measurements {
 
  private:
     void Compare();
-    void TakeHeap(const std::string& targetHeap);
+    void TakeHeap();
     void TakeInstructions();
     void TakeProfiles();
     void TakeTimes();
 
     std::string folder_;
+    Target target_;
     Instructions instructions_;
     std::map<std::string, std::vector<Share>> profiles_;
     std::map<std::string, HeapBySteps> heap_;
-    HeapBySteps targetHeap_;
     std::map<std::string, double> times_;
 };
 

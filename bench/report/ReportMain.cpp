@@ -1,14 +1,17 @@
-// Runs all benchmarks and prints the table, as Markdown, on standard output. The programs that it
-// runs stand beside it.
+// Runs all benchmarks, or those of the target alone, and prints the tables, as Markdown, on
+// standard output. This machine's programs stand beside it.
 
 #include <cstdio>
 #include <fstream>
 #include <string>
 
 #include "bench/report/Command.h"
+#include "bench/report/Growth.h"
 #include "bench/report/Limits.h"
 #include "bench/report/Measurements.h"
 #include "bench/report/Tables.h"
+#include "bench/report/Target.h"
+#include "bench/report/TargetTables.h"
 #include "bench/shared/Cases.h"
 
 namespace {
@@ -23,15 +26,32 @@ std::string Processor() {
     return "unknown processor";
 }
 
+std::string FirstLineOf(const std::string& command) {
+    const std::string output = bench::OutputOf(command);
+    return output.substr(0, output.find('\n'));
+}
+
 void PrintMachine() {
-    std::string valgrind = bench::OutputOf("valgrind --version");
-    valgrind.pop_back();
+    const std::string valgrind = FirstLineOf("valgrind --version");
     std::printf("Measured on %s, %s, with %s; to compare with: %s.\n\n", Processor().c_str(),
                 QUAVERA_BENCH_BUILD, valgrind.c_str(), QUAVERA_BENCH_PEER_VERSIONS);
 }
 
+void PrintEmulation() {
+    std::printf("The target's figures: GNU %s for ARM, MinSizeRel, under %s.\n\n",
+                FirstLineOf("arm-linux-gnueabihf-g++ -dumpfullversion").c_str(),
+                FirstLineOf("qemu-arm --version").c_str());
+}
+
+void Print(const bench::Target& target) {
+    PrintLimits(target);
+    PrintTarget(target);
+}
+
 void Print(const bench::Measurements& measured) {
     PrintMachine();
+    PrintEmulation();
+    Print(measured.OnTarget());
     PrintLimits(measured);
     PrintRounds(measured);
     PrintDocuments(measured);
@@ -44,20 +64,36 @@ void Print(const bench::Measurements& measured) {
     PrintProfile(measured, "log text", bench::kText);
 }
 
+std::string FolderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : path.substr(0, slash);
+}
+
+int Usage() {
+    std::fputs(
+        "usage: quavera-bench-report target SYSROOT BUILD\n"
+        "       quavera-bench-report all SYSROOT BUILD PICTURE\n"
+        "SYSROOT: the target's root folder; BUILD: the folder of a build for it\n"
+        "PICTURE: the file that the picture of the growth with the album is written to\n",
+        stderr);
+    return 2;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count > 2) {
-        std::fputs(
-            "usage: quavera-bench-report [TARGET-HEAP]\n"
-            "TARGET-HEAP: the command that runs the target's quavera-bench-heap\n",
-            stderr);
-        return 2;
+    const std::string what = count > 1 ? arguments[1] : "";
+    if (what == "target" && count == 4) {
+        bench::Target target(arguments[2], arguments[3]);
+        target.Take();
+        Print(target);
+        return 0;
     }
-    const std::string self = arguments[0];
-    const std::size_t slash = self.rfind('/');
-    bench::Measurements measured(slash == std::string::npos ? "." : self.substr(0, slash));
-    measured.Take(count == 2 ? arguments[1] : "");
-    Print(measured);
-    return 0;
+    if (what == "all" && count == 5) {
+        bench::Measurements measured(FolderOf(arguments[0]), {arguments[2], arguments[3]});
+        measured.Take();
+        Print(measured);
+        return bench::WriteGrowthPicture(measured, arguments[4]) ? 0 : 1;
+    }
+    return Usage();
 }

@@ -7,6 +7,7 @@
 
 #include "bench/report/Contenders.h"
 #include "bench/report/Markdown.h"
+#include "bench/report/TargetTables.h"
 #include "bench/shared/Cases.h"
 
 namespace bench {
@@ -98,14 +99,15 @@ void PrintRounds(const Measurements& measured) {
 }
 
 void PrintDocuments(const Measurements& measured) {
-    std::printf("### Round with the tree's text: W, S, F, P, R, F and the record's drop\n\n");
-    Table table(
-        {"", "S", "P", "all", "/ ours", "12 tracks", "12: / ours", "µs", "µs / ours", "12: µs"});
+    std::printf("### Whole way, with the tree's text: W, S, F, P, R, F and the record's drop\n\n");
+    Table table({"", "S", "P", "all", "/ floor-text", "/ ours", "12 tracks", "12: / ours", "µs",
+                 "µs / ours", "12: µs"});
     for (const std::string& name : kDocuments) {
         Row row = {name};
         AddSteps(measured, name, kDocument, kTextSteps, &row);
         const double all = measured.Count(name, kDocument, kMany);
         row.push_back(Whole(all / kMany));
+        row.push_back(Fixed(all / measured.Count("floor-text", kDocument, kMany), 2));
         row.push_back(Fixed(all / measured.Count("ours", kDocument, kMany), 2));
         const double few = measured.Count(name, kDocument, kFew);
         row.push_back(Whole(few / kFew));
@@ -136,24 +138,32 @@ void PrintHeap(const Measurements& measured) {
     for (const std::string& name : kInHeap) {
         AddHeap(name, measured.HeapOf(name), &table);
     }
-    if (!measured.TargetHeap().empty()) {
-        AddHeap("ours, ARM", measured.TargetHeap(), &table);
-    }
+    AddHeap("ours, ARM", measured.OnTarget().HeapOfOurs(), &table);
     std::printf("\n");
 }
 
 void PrintGrowth(const Measurements& measured) {
-    std::printf("### Round per track, by the album's size\n\n");
-    Table table({"tracks", "instructions", "/ 1,000 tracks", "ns", "/ 1,000 tracks"});
+    std::printf(
+        "### Round per track, by the album's size\n\n"
+        "![Instructions of the round per track, by the album's size](growth.svg)\n\n");
+    Row heads = {"tracks", "ns of ours", "/ 1,000 tracks", "instructions of ours",
+                 "/ 1,000 tracks"};
+    heads.insert(heads.end(), kGrowing.begin() + 1, kGrowing.end());
+    Table table(heads);
     const double instructions = measured.Round("ours", kMany) / kMany;
     const double time = measured.Time("round", "ours", kMany) / kMany;
     for (const int trackCount : kGrowth) {
         const double count = measured.Round("ours", trackCount) / trackCount;
         const double taken = measured.Time("round", "ours", trackCount) / trackCount;
-        table.Row({Whole(trackCount), Whole(count), Fixed(count / instructions, 2),
-                   Whole(taken * 1000), Fixed(taken / time, 2)});
+        Row row = {Whole(trackCount), Whole(taken * 1000), Fixed(taken / time, 2), Whole(count),
+                   Fixed(count / instructions, 2)};
+        for (std::size_t at = 1; at < kGrowing.size(); ++at) {
+            row.push_back(Whole(measured.Round(kGrowing[at], trackCount) / trackCount));
+        }
+        table.Row(row);
     }
     std::printf("\n");
+    PrintGrowthOnTarget(measured.OnTarget());
 }
 
 void PrintConversion(const Measurements& measured) {
