@@ -88,6 +88,7 @@ class XmlPen {
             return;
         }
         for (int at = 0; at < texts->count; ++at) {
+            Ensure(kRoomPerAlbum);
             Plain(element, &texts->items[at]);
         }
     }
@@ -136,7 +137,8 @@ class XmlPen {
     }
 
  private:
-    // For 7 texts of a track, or 24 of an album, as base64, their tags and the numbers.
+    // For 7 texts of a track, or 24 of an album, as base64, their tags and the numbers. Lists have
+    // as many texts as they like.
     static constexpr std::size_t kRoomPerTrack = 12 * kLongestText;
     static constexpr std::size_t kRoomPerAlbum = 40 * kLongestText;
     static constexpr std::size_t kRoomBehind = kLongestText;
