@@ -34,6 +34,13 @@ inline Names Both(Names first, const Names& second) {
     return first;
 }
 
+/// Whether the contender is followed up to an album of that size: the largest takes the slow ones
+/// minutes.
+inline bool GrowsTo(int trackCount, const std::string& name) {
+    constexpr int kMostOfSlow = 10000;
+    return trackCount <= kMostOfSlow || (name != "libxml2" && name != "tinyxml2");
+}
+
 /// Those that are counted step by step.
 inline const Names kWithSteps = Both(kTrees, kMessages);
 /// Those that have the whole way, by a text or other bytes.

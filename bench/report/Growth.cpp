@@ -144,7 +144,7 @@ class Picture {
         for (const Line& line : panel.lines) {
             Draw(line, x);
         }
-        Label(panel, right + 10);
+        Label(panel, x);
     }
 
     void Draw(const Line& line, const LogScale& x) {
@@ -164,7 +164,7 @@ class Picture {
     }
 
     /// The lines' names at their ends, from the top down, none over another.
-    void Label(const Panel& panel, double left) {
+    void Label(const Panel& panel, const LogScale& x) {
         std::vector<const Line*> lines;
         for (const Line& line : panel.lines) {
             lines.push_back(&line);
@@ -176,7 +176,8 @@ class Picture {
         for (const Line* line : lines) {
             lowest = std::max(y_.At(line->points.back().instructions) + 4, lowest + kLineOfText);
             const std::string color = StyleOf(line->name).color;
-            Text(left, lowest, "start", line->name, "fill='" + color + "'");
+            Text(x.At(line->points.back().tracks) + 10, lowest, "start", line->name,
+                 "fill='" + color + "'");
         }
     }
 
@@ -199,8 +200,10 @@ Panel PanelOf(const std::string& title, const Names& names, const Counts& trackC
     for (const std::string& name : names) {
         Line line{name, {}};
         for (const int trackCount : trackCounts) {
-            line.points.push_back(
-                {static_cast<double>(trackCount), round(name, trackCount) / trackCount});
+            if (GrowsTo(trackCount, name)) {
+                line.points.push_back(
+                    {static_cast<double>(trackCount), round(name, trackCount) / trackCount});
+            }
         }
         panel.lines.push_back(line);
     }

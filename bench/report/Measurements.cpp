@@ -95,7 +95,9 @@ void Measurements::TakeInstructions() {
     }
     for (const std::string& name : kGrowing) {
         for (const int trackCount : kGrowth) {
-            instructions_.Want(name, kRound, trackCount);
+            if (GrowsTo(trackCount, name)) {
+                instructions_.Want(name, kRound, trackCount);
+            }
         }
     }
     for (const std::string way : {"ours", "iconv"}) {

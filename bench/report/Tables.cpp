@@ -158,7 +158,10 @@ void PrintGrowth(const Measurements& measured) {
         Row row = {Whole(trackCount), Whole(taken * 1000), Fixed(taken / time, 2), Whole(count),
                    Fixed(count / instructions, 2)};
         for (std::size_t at = 1; at < kGrowing.size(); ++at) {
-            row.push_back(Whole(measured.Round(kGrowing[at], trackCount) / trackCount));
+            const std::string& name = kGrowing[at];
+            row.push_back(GrowsTo(trackCount, name)
+                              ? Whole(measured.Round(name, trackCount) / trackCount)
+                              : "");
         }
         table.Row(row);
     }
