@@ -39,11 +39,16 @@ std::string Plain(std::string_view name) {
 }
 
 /// Reads callgrind's output: lines that name the current object ("ob=") and function ("fn="), and
-/// lines with a position and a cost. A name is given in full once, "(7) name", then as "(7)".
+/// lines with a position and a cost; the cost behind a "calls=" line is the called function's
+/// ("cfn="). A name is given in full once, "(7) name", then as "(7)".
 class Output {
  public:
     void Read(const std::string& line) {
-        if (IsSkipped(line)) {
+        if (IsCost(line) && std::exchange(isCall_, false)) {
+            calls_[callee_] += CostOf(line);
+            return;
+        }
+        if (IsHead(line)) {
             return;
         }
         const std::size_t equals = line.find('=');
@@ -53,12 +58,12 @@ class Output {
             if (key == "ob" || key == "cob") {
                 Name(value, &objects_, key == "ob" ? &object_ : nullptr);
             } else if (key == "fn" || key == "cfn") {
-                Name(value, &functions_, key == "fn" ? &function_ : nullptr);
+                Name(value, &functions_, key == "fn" ? &function_ : &callee_);
             }
             isCall_ = key == "calls";
             return;
         }
-        costs_[{object_, function_}] += std::strtod(line.c_str() + line.find(' '), nullptr);
+        costs_[{object_, function_}] += CostOf(line);
     }
 
     /// The shares of the costs read, the largest first.
@@ -79,14 +84,27 @@ class Output {
         return shares;
     }
 
+    /// The costs of calls, by the names of the called functions without their namespaces.
+    std::map<std::string, double> Calls() const {
+        std::map<std::string, double> calls;
+        for (const auto& [function, cost] : calls_) {
+            calls[function.substr(function.rfind(':') + 1)] += cost;
+        }
+        return calls;
+    }
+
  private:
     using Names = std::map<std::string, std::string>;
 
-    /// Heads, and the line after "calls=", whose cost is the called function's.
-    bool IsSkipped(const std::string& line) {
-        const bool isCost = !line.empty() && std::string_view("+-*0123456789").find(line[0]) !=
-                                                 std::string_view::npos;
-        return isCost ? std::exchange(isCall_, false) : line.find('=') == std::string::npos;
+    static bool IsCost(const std::string& line) {
+        return !line.empty() &&
+               std::string_view("+-*0123456789").find(line[0]) != std::string_view::npos;
+    }
+    static bool IsHead(const std::string& line) {
+        return !IsCost(line) && line.find('=') == std::string::npos;
+    }
+    static double CostOf(const std::string& line) {
+        return std::strtod(line.c_str() + line.find(' '), nullptr);
     }
 
     static void Name(const std::string& value, Names* names, std::string* current) {
@@ -106,26 +124,36 @@ class Output {
     Names functions_;
     std::string object_;
     std::string function_;
+    std::string callee_;
     bool isCall_ = false;
+    std::map<std::string, double> calls_;
     std::map<std::pair<std::string, std::string>, double> costs_;
 };
+
+Output OutputOfCallgrind(const std::string& options, const std::string& command) {
+    std::istringstream lines(
+        OutputOf(R"(file=$(mktemp) && valgrind --tool=callgrind --callgrind-out-file="$file" )" +
+                 options + command + R"( 2>/dev/null && cat "$file" && rm "$file")"));
+    Output output;
+    for (std::string line; std::getline(lines, line);) {
+        output.Read(line);
+    }
+    return output;
+}
 
 }  // namespace
 
 std::vector<Share> ProfileOf(const std::string& program, const std::string& contender,
                              const std::string& steps, int trackCount) {
     constexpr int kRepeats = 10;
-    std::ostringstream command;
-    command << "file=$(mktemp) && valgrind --tool=callgrind --callgrind-out-file=\"$file\" "
-            << "'--toggle-collect=*RepeatSteps*' " << program << ' ' << contender << ' ' << steps
-            << ' ' << trackCount << ' ' << kRepeats << " 2>/dev/null && cat \"$file\" && "
-            << "rm \"$file\"";
-    std::istringstream lines(OutputOf(command.str()));
-    Output output;
-    for (std::string line; std::getline(lines, line);) {
-        output.Read(line);
-    }
-    return output.Shares();
+    return OutputOfCallgrind("'--toggle-collect=*RepeatSteps*' ",
+                             program + ' ' + contender + ' ' + steps + ' ' +
+                                 std::to_string(trackCount) + ' ' + std::to_string(kRepeats))
+        .Shares();
+}
+
+std::map<std::string, double> CallsOf(const std::string& command) {
+    return OutputOfCallgrind("", command).Calls();
 }
 
 }  // namespace bench

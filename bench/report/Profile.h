@@ -1,6 +1,7 @@
 #ifndef QUAVERA_BENCH_REPORT_PROFILE_H_
 #define QUAVERA_BENCH_REPORT_PROFILE_H_
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,10 @@ struct Share {
 /// largest share first.
 std::vector<Share> ProfileOf(const std::string& program, const std::string& contender,
                              const std::string& steps, int trackCount);
+
+/// Instructions of a command's run within each function that is called, by the functions' own
+/// names, those of what the functions call included.
+std::map<std::string, double> CallsOf(const std::string& command);
 
 }  // namespace bench
 

@@ -9,6 +9,7 @@
 #include "bench/report/Growth.h"
 #include "bench/report/Limits.h"
 #include "bench/report/Measurements.h"
+#include "bench/report/Stages.h"
 #include "bench/report/Tables.h"
 #include "bench/report/Target.h"
 #include "bench/report/TargetTables.h"
@@ -92,7 +93,11 @@ int main(int count, char** arguments) {
     if (what == "all" && count == 5) {
         bench::Measurements measured(FolderOf(arguments[0]), {arguments[2], arguments[3]});
         measured.Take();
+        const bench::StageCounts here =
+            bench::StagesHere(FolderOf(arguments[0]) + "/quavera-bench-stages");
+        const bench::StageCounts onTarget = bench::StagesOnTarget(arguments[2], arguments[3]);
         Print(measured);
+        bench::PrintStages(here, onTarget);
         return bench::WriteGrowthPicture(measured, arguments[4]) ? 0 : 1;
     }
     return Usage();
