@@ -35,7 +35,7 @@ inline Names Both(Names first, const Names& second) {
 }
 
 /// Whether the contender is followed up to an album of that size: the largest takes the slow ones
-/// minutes.
+/// minutes. docs/performance.md tells what that leaves out.
 inline bool GrowsTo(int trackCount, const std::string& name) {
     constexpr int kMostOfSlow = 10000;
     return trackCount <= kMostOfSlow || (name != "libxml2" && name != "tinyxml2");
