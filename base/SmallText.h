@@ -42,7 +42,9 @@ inline bool IsSameText(std::string_view left, std::string_view right) {
 inline bool IsSameByWords(const char* left, const char* right, std::size_t size) {
     using Word = std::size_t;
     if (size < sizeof(Word)) {
-        return std::string_view(left, size) == std::string_view(right, size);
+        return size >= sizeof(std::uint32_t)
+                   ? HasSameEnds<std::uint32_t>(left, right, size)
+                   : std::string_view(left, size) == std::string_view(right, size);
     }
     const std::size_t last = size - sizeof(Word);
     for (std::size_t at = 0; at < last; at += sizeof(Word)) {

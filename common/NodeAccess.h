@@ -11,6 +11,7 @@
 /// | `ChildrenOf(node)`              | the list of a node's children; null may stand for none    |
 /// | `ViewFirst(list, views, room)`, | the next children of a walk, at least one as long as      |
 /// | `ViewNext(list, views, room)`   | there is any, and their number; an unseen one comes alone |
+/// | `NumberOf(view)`                | what `GetValueInt` tells of the node                      |
 /// | `CountHint(list)`               | about how many there are, or 0; no walk is disturbed      |
 /// | `AddCString(node, name, text)`  | adds a last child in the C-string form                    |
 /// | `AddText(node, name, text)`     | in the string form                                        |

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string_view>
 
@@ -34,6 +35,25 @@ class Decimal {
     std::array<char, kMostDecimal<Number>> text_;
     std::size_t size_;
 };
+
+/// `INode::GetValueInt`'s reading of a text.
+inline int ReadDecimal(std::string_view text) {
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    bool isNegative = false;
+    while (at != end && *at == ' ') {
+        ++at;
+    }
+    if (at != end && (*at == '-' || *at == '+')) {
+        isNegative = *at++ == '-';
+    }
+    // Unsigned arithmetic is modulo 2^32 by itself, also for the negation.
+    std::uint32_t value = 0;
+    for (; at != end && *at >= '0' && *at <= '9'; ++at) {
+        value = value * 10 + static_cast<std::uint32_t>(*at - '0');
+    }
+    return static_cast<std::int32_t>(isNegative ? 0 - value : value);
+}
 
 }  // namespace zq
 

@@ -28,11 +28,11 @@ class DirectReader {
 
     zq::auto_com<INode> Read(const char* at) {
         at = SkipWhiteSpace(at);
-        if (!IsAtTag(at)) {
+        if (!IsAt(at, '<')) {
             return nullptr;
         }
         do {
-            if (!IsAtTag(at)) {
+            if (!IsAt(at, '<')) {
                 at = ReadUnusualText(at);  // after an element: it stands in no tree
             } else {
                 at = depth_ > 0 && IsAtEndTag(at) ? ReadEndTag(at) : ReadElement(at + 1);
@@ -49,7 +49,7 @@ class DirectReader {
  private:
     std::size_t Left(const char* at) const { return static_cast<std::size_t>(end_ - at); }
     std::string_view Rest(const char* at) const { return {at, Left(at)}; }
-    bool IsAtTag(const char* at) const { return at != end_ && *at == '<'; }
+    bool IsAt(const char* at, char character) const { return at != end_ && *at == character; }
     bool IsAtEndTag(const char* at) const { return Left(at) >= 2 && at[1] == '/'; }
 
     QUAVERA_INLINE_FOR_SPEED bool StartsWith(const char* at, std::string_view expected) const {
@@ -66,61 +66,59 @@ class DirectReader {
 
     /// What follows the "<" of a start tag, and the element whole, or up to its first child.
     const char* ReadElement(const char* at) {
-        // Most often, it is the name that is expected, and ">". These are compared with the text in
-        // place.
-        const Name* name = arena_.NextName();
-        if (name != nullptr && StartsWith(at, name->ViewWithEnd())) {
-            arena_.UseNextName();
-            return ReadPlain(at + name->size + 1, name);
-        }
-        name = ReadName(at);
+        const Name* const name = ReadName(at);
         if (name == nullptr) {
             return nullptr;
         }
         at += name->size;
+        if (IsAt(at, '>')) {
+            return ReadPlain(at + 1, name);
+        }
         const bool isEncoded = StartsWith(at, kXmlEncodedMark);
         at += isEncoded ? kXmlEncodedMark.size() : 0;
         if (StartsWith(at, "/>")) {
             Add(name, {}, isEncoded);
             return at + 2;
         }
-        if (!StartsWith(at, ">")) {
-            return nullptr;
-        }
-        return isEncoded ? ReadEncoded(at + 1, name) : ReadPlain(at + 1, name);
+        return isEncoded && IsAt(at, '>') ? ReadEncoded(at + 1, name) : nullptr;
     }
 
-    /// Null where there is none.
+    /// Null where there is none. Most often, it is the name that is expected, which is compared
+    /// with the text in place.
     const Name* ReadName(const char* at) {
         const Name* const expected = arena_.NextName();
         if (expected != nullptr && StartsWith(at, expected->View()) &&
-            !StartsWithNameCharacter(at + expected->size)) {
+            IsNameEnd(at + expected->size)) {
             return arena_.UseNextName();
         }
+        return ReadOtherName(at);
+    }
+
+    [[gnu::noinline]] const Name* ReadOtherName(const char* at) {
         const std::size_t size =
             at != end_ && MayStand(*at, kAtNameStart) ? CountNameCharacters(Rest(at)) : 0;
         return size == 0 ? nullptr : arena_.FindOrAddName({at, size});
     }
 
-    bool StartsWithNameCharacter(const char* at) const {
-        return at != end_ && MayStand(*at, kInName);
+    bool IsNameEnd(const char* at) const {
+        return IsAt(at, '>') || at == end_ || !MayStand(*at, kInName);
     }
 
     /// The text of an element and its end tag, or the text up to its first child.
     QUAVERA_INLINE_FOR_SPEED const char* ReadPlain(const char* at, const Name* name) {
         // Most texts are seen in place.
         const char* const end = SkipOrdinaryText(at, end_);
-        return IsAtTag(end) ? ReadEnd(end, name, {at, static_cast<std::size_t>(end - at)}, false)
-                            : ReadUnusual(at, name, false);
+        return IsAt(end, '<') ? ReadEnd(end, name, {at, static_cast<std::size_t>(end - at)}, false)
+                              : ReadUnusual(at, name, false);
     }
 
     /// The same of an element that is marked. A text as we write it is looked at by its decoder
     /// alone.
     const char* ReadEncoded(const char* at, const Name* name) {
         const auto* const end = static_cast<const char*>(std::memchr(at, '<', Left(at)));
-        const bool isWhole = end != nullptr && IsAtEndTag(end);
+        const bool isWhole = end != nullptr && StartsWith(end, name->EndTag());
         return isWhole && parent_->AddBase64(name, {at, static_cast<std::size_t>(end - at)})
-                   ? ReadEndTag(end, *name)
+                   ? end + name->EndTag().size()
                    : ReadUnusual(at, name, true);
     }
 
@@ -129,11 +127,11 @@ class DirectReader {
         return at == nullptr ? nullptr : ReadEnd(at, name, text_, isEncoded);
     }
 
-    /// What follows the text of an element.
+    /// What follows the text of an element: its end tag, or something to be read as its content.
     const char* ReadEnd(const char* at, const Name* name, std::string_view text, bool isEncoded) {
-        if (IsAtEndTag(at)) {
+        if (StartsWith(at, name->EndTag())) {
             Add(name, text, isEncoded);
-            return ReadEndTag(at, *name);
+            return at + name->EndTag().size();
         }
         const bool isLayout = text.find_first_not_of(kXmlWhiteSpace) == std::string_view::npos;
         parent_ = Add(name, isLayout ? std::string_view() : text, isEncoded);
@@ -151,14 +149,10 @@ class DirectReader {
     }
 
     const char* ReadEndTag(const char* at) {
-        const Name& name = parent_->StoredName();
+        const std::string_view tag = parent_->StoredName().EndTag();
         parent_ = parent_->Parent();
         --depth_;
-        return ReadEndTag(at, name);
-    }
-
-    const char* ReadEndTag(const char* at, const Name& name) const {
-        return StartsWith(at, name.EndTag()) ? at + name.EndTag().size() : nullptr;
+        return StartsWith(at, tag) ? at + tag.size() : nullptr;
     }
 
     /// Character data of any kind, up to the next "<", into `text_`.
@@ -169,7 +163,7 @@ class DirectReader {
             text_.append(at, size);
             at += size;
         } while (ReadReference(&at));
-        return IsAtTag(at) ? at : nullptr;
+        return IsAt(at, '<') ? at : nullptr;
     }
 
     bool ReadReference(const char** at) {

@@ -13,25 +13,6 @@
 namespace ZQXML {
 namespace {
 
-/// `INode::GetValueInt`'s reading of a text.
-int ParseInt(std::string_view text) {
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    bool isNegative = false;
-    while (at != end && *at == ' ') {
-        ++at;
-    }
-    if (at != end && (*at == '-' || *at == '+')) {
-        isNegative = *at++ == '-';
-    }
-    // Unsigned arithmetic is modulo 2^32 by itself, also for the negation.
-    std::uint32_t value = 0;
-    for (; at != end && *at >= '0' && *at <= '9'; ++at) {
-        value = value * 10 + static_cast<std::uint32_t>(*at - '0');
-    }
-    return static_cast<std::int32_t>(isNegative ? 0 - value : value);
-}
-
 std::string DecodeBase64(std::string_view text) {
     std::string data(text.size(), '\0');
     long size = static_cast<long>(data.size());
@@ -157,11 +138,11 @@ std::string Node::GetValue() {
 int Node::GetValueInt() {
     switch (Form()) {
         case TextForm::kBytes:
-            return ParseInt(GetValue());
+            return zq::ReadDecimal(GetValue());
         case TextForm::kNumber:
             return Number();
         default:
-            return ParseInt(Content());
+            return zq::ReadDecimal(Content());
     }
 }
 

@@ -35,9 +35,7 @@ class ChildWalk {
         const bool isSeen = view_->form == TextForm::kPlain || view_->form == TextForm::kBase64;
         return isSeen ? view_->Text() : text_ = Node()->GetValue();
     }
-    int Number() {
-        return view_->form == TextForm::kNumber ? view_->Number() : Node()->GetValueInt();
-    }
+    int Number() const { return quavera::Nodes::NumberOf(*view_); }
     /// The wide string that the text stands for, in base64 and UTF-8.
     std::wstring DisplayText() {
         return view_->form == TextForm::kBytes ? quavera::WidenUpToZero(view_->Text())

@@ -27,6 +27,11 @@ struct Nodes {
     static unsigned int ViewNext(List* list, NodeView* views, unsigned int room) {
         return list->ViewNext(views, room);
     }
+    static int NumberOf(const NodeView& view) {
+        return view.form == TextForm::kNumber  ? view.Number()
+               : view.form == TextForm::kPlain ? zq::ReadDecimal(view.Text())
+                                               : view.node->GetValueInt();
+    }
     static std::size_t CountHint(List* list) { return list->CountHint(); }
     static void AddCString(Node* node, Text name, const char* text) {
         node->AddCString(name, text);

@@ -16,7 +16,6 @@ enum class TextForm { kPlain, kBase64, kBytes, kNumber, kUnseen };
 struct NodeView {
     std::string_view Name() const { return {nameData, nameSize}; }
     std::string_view Text() const { return {}; }
-    int Number() const { return 0; }
 
     ZQXML::INode* node;
     const char* nameData;
@@ -41,6 +40,7 @@ struct Nodes {
         *views = {child, nullptr, 0, TextForm::kUnseen};
         return child == nullptr ? 0 : 1;
     }
+    static int NumberOf(const NodeView& view) { return view.node->GetValueInt(); }
     static std::size_t CountHint(List* /*list*/) { return 0; }
     static void AddCString(Node* node, Text name, const char* text) {
         node->AddChild(std::string(name), text);
