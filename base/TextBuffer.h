@@ -30,12 +30,10 @@ class TextBuffer {
         Put(piece);
     }
 
-    /// How many more bytes there is room for.
-    std::size_t Room() const { return static_cast<std::size_t>(roomEnd_ - end_); }
     /// Makes room for that many more bytes, and returns the place of the first. What is written
     /// there by other means than `Put` counts from `SetEnd` on.
     char* Reserve(std::size_t size) {
-        if (Room() < size) {
+        if (static_cast<std::size_t>(roomEnd_ - end_) < size) {
             Grow(size);
         }
         return end_;

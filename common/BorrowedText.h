@@ -21,8 +21,7 @@ std::wstring WidenBase64(std::string_view base64);
 
 /// `convertToUtf8`.
 std::string Narrow(std::wstring_view wide);
-/// Appends `convertToUtf8`'s result. After it, there is room for that many bytes more.
-inline constexpr std::size_t kRoomAfterNarrow = 2;
+/// Appends `convertToUtf8`'s result.
 void AppendNarrow(std::wstring_view wide, TextBuffer* out);
 
 /// `convertToCodePage`.

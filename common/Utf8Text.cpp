@@ -177,39 +177,14 @@ std::string Narrow(std::wstring_view wide) {
     return std::string(utf8.View());  // without the buffer's room
 }
 
-namespace {
-
-std::size_t MostRoomFor(std::wstring_view wide) {
-    return wide.size() * kLargestUtf8 + kRoomAfterNarrow;
-}
-
-// What takes calls, out of the way of what does not.
-
-[[gnu::noinline]] void AppendNarrowToMoreRoom(std::wstring_view wide, TextBuffer* out) {
-    out->Reserve(MostRoomFor(wide));
-    AppendNarrow(wide, out);
-}
-
-[[gnu::noinline]] void AppendConverted(std::wstring_view wide, TextBuffer* out) {
-    out->Append(ConvertToCodePage(kUtf8, wide));
-    out->Reserve(kRoomAfterNarrow);
-}
-
-}  // namespace
-
-/// In place, without a string in between: saves 63 % of a log text. The usual case, a
-/// direct conversion to room that is there, makes no call.
+/// In place, without a string in between: saves 63 % of a log text.
 void AppendNarrow(std::wstring_view wide, TextBuffer* out) {
-    if (out->Room() < MostRoomFor(wide)) {
-        AppendNarrowToMoreRoom(wide, out);
-        return;
-    }
-    char* const end = NarrowDirectly(wide, out->Reserve(0));
+    char* const end = NarrowDirectly(wide, out->Reserve(wide.size() * kLargestUtf8));
     if (end == nullptr) {
-        AppendConverted(wide, out);
-        return;
+        out->Append(ConvertToCodePage(kUtf8, wide));
+    } else {
+        out->SetEnd(end);
     }
-    out->SetEnd(end);
 }
 
 }  // namespace quavera

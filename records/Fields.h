@@ -376,9 +376,8 @@ class TextLines {
         return quavera::CopyText(kEquals, quavera::CopyText(label, to));
     }
     void EndWith(const std::wstring& text) {
-        static_assert(kLineEnd.size() <= quavera::kRoomAfterNarrow);
         quavera::AppendNarrow(text, &text_);
-        text_.Put(kLineEnd);
+        text_.Append(kLineEnd);
     }
     /// Makes room for items, by the size of the first one: saves 34 % of a log text. Up to what is
     /// typical, or one long item would take as much for each of the others.
