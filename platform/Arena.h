@@ -109,7 +109,7 @@ class Arena {
         return expected == nullptr ? FindOrAddName(name) : expected;
     }
     /// The same, or null if it takes a search. Records repeat not only their names but the order of
-    /// them, so that a comparison mostly does: saves 40 % of ToXML and 13 % of ParseXml.
+    /// them, so that a comparison mostly does: saves 56 % of ToXML.
     const Name* ExpectedName(std::string_view name) {
         const Name* const expected = NextName();
         return expected != nullptr && quavera::IsSameText(expected->View(), name) ? UseNextName()

@@ -22,7 +22,7 @@ char* PutDecimal(Number value, char* to) {
     return std::to_chars(to, to + kMostDecimal<Number>, value).ptr;
 }
 
-/// The decimal text of a number, without a string: saves 13 % of ToXML and 14 % of a log text.
+/// The decimal text of a number, without a string: saves 18 % of a log text.
 template <class Number>
 class Decimal {
  public:
