@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -28,6 +29,33 @@ TEST(SmallText, IsTheSameInEveryByteOrNot) {
             other[at] = '\xFF';
             EXPECT_FALSE(quavera::IsSameText(text, other)) << size << " at " << at;
         }
+    }
+}
+
+/// In blocks of just their sizes, so that a sanitizer sees a look behind the end.
+TEST(SmallText, IsTheSameByWordsInEveryByteOrNot) {
+    for (std::size_t size = 0; size <= kLongest; ++size) {
+        const std::string text = TextOfSize(size);
+        const std::vector<char> left(text.begin(), text.end());
+        std::vector<char> right = left;
+        EXPECT_TRUE(quavera::IsSameByWords(left.data(), right.data(), size)) << size;
+        for (std::size_t at = 0; at < size; ++at) {
+            for (const int bit : {0x01, 0x80}) {
+                right[at] = static_cast<char>(left[at] ^ bit);
+                EXPECT_FALSE(quavera::IsSameByWords(left.data(), right.data(), size))
+                    << size << " at " << at;
+            }
+            right[at] = left[at];
+        }
+    }
+}
+
+TEST(SmallText, IsComparedByWordsUpToItsSizeOnly) {
+    for (std::size_t size = 0; size <= kLongest; ++size) {
+        const std::string text = TextOfSize(size);
+        const std::string left = text + std::string(kLongest, '<');
+        const std::string right = text + std::string(kLongest, '>');
+        EXPECT_TRUE(quavera::IsSameByWords(left.data(), right.data(), size)) << size;
     }
 }
 
