@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/ToString.h"
+#include "platform/XmlText.h"
 #include "tests/support/EmptyNode.h"
 #include "tests/support/FakeNode.h"
 #include "tests/support/Random.h"
@@ -510,6 +511,138 @@ TEST(Views, TellWhatTheTextIs) {
     EXPECT_EQ(viewOf("base64").Text(), "Zm9v");
     EXPECT_EQ(viewOf("bytes").form, ZQXML::TextForm::kBytes);
     EXPECT_EQ(viewOf("bytes").Text(), "foo");
+}
+
+/// Numbers on both sides of each change of length and sign.
+const std::vector<int>& Numbers() {
+    static const std::vector<int> numbers = {0,
+                                             1,
+                                             -1,
+                                             9,
+                                             -9,
+                                             10,
+                                             -10,
+                                             99,
+                                             100,
+                                             std::numeric_limits<int>::max(),
+                                             100000,
+                                             -99999,
+                                             std::numeric_limits<int>::min()};
+    return numbers;
+}
+
+TEST(NumberNodes, AreSeenAsNumbers) {
+    for (const int number : Numbers()) {
+        const Tree node = NewNode("parent");
+        node->AddChild("n", number);
+        node->AddNumber("m", number);
+        for (const char* const name : {"n", "m"}) {
+            const ZQXML::NodeView view = node->FindChild(name)->View();
+            EXPECT_EQ(view.node, node->FindChild(name));
+            EXPECT_EQ(view.Name(), name);
+            EXPECT_EQ(view.form, ZQXML::TextForm::kNumber);
+            EXPECT_EQ(view.Number(), number);
+        }
+    }
+}
+
+TEST(NumberNodes, AreTextsToAllWhoAskForOne) {
+    for (const int number : Numbers()) {
+        const Tree node = NewNode("parent");
+        node->AddNumber("n", number);
+        ZQXML::INode* const child = node->FindChild("n");
+        ASSERT_NE(child, nullptr);
+        EXPECT_EQ(child->GetValue(), std::to_string(number));
+        EXPECT_EQ(child->GetValueDecoded(), std::to_string(number));
+        EXPECT_EQ(child->GetValueInt(), number);
+        EXPECT_FALSE(child->IsEncoded());
+    }
+}
+
+TEST(NumberNodes, BecomeTextsWhenGivenOne) {
+    for (const int number : Numbers()) {
+        for (const std::string text : {"", "text", "77"}) {
+            const Tree node = NewNode("parent");
+            node->AddNumber("n", number);
+            ZQXML::INode* const child = node->FindChild("n");
+            child->Initialize("m", text);
+            EXPECT_EQ(child->GetName(), "m");
+            EXPECT_EQ(child->GetValue(), text);
+            EXPECT_EQ(child->GetValueDecoded(), text);
+            EXPECT_EQ(child->GetValueInt(), IntOf(text));
+            EXPECT_EQ(child->View().form, ZQXML::TextForm::kPlain);
+            EXPECT_EQ(child->View().Text(), text);
+        }
+    }
+}
+
+TEST(NumberNodes, StayNumbersInAnotherTree) {
+    for (const int number : Numbers()) {
+        Tree first = NewNode("first");
+        first->AddNumber("n", number);
+        ZQXML::INode* const child = first->FindChild("n");
+        child->AddRef();
+        const Tree kept(child);
+        first = nullptr;
+        const Tree second = NewNode("second");
+        second->AppendChild(kept.get());
+        ASSERT_EQ(second->FindChild("n"), child);
+        EXPECT_EQ(child->View().Number(), number);
+        EXPECT_EQ(child->GetValue(), std::to_string(number));
+    }
+}
+
+TEST(NumberNodes, AreCopiedWithForeignNodesAsTheirTexts) {
+    for (const int number : Numbers()) {
+        const Tree own = NewNode("own");
+        own->AddNumber("n", number);
+        const zq::auto_com<FakeNode> foreign = FakeNode::Create("foreign");
+        foreign->AppendChild(own.get());
+        const Tree parent = NewNode("parent");
+        parent->AppendChild(foreign.get());
+        ZQXML::INode* const copied = parent->FindChild("foreign")->FindChild("own");
+        ASSERT_NE(copied, nullptr);
+        EXPECT_EQ(TreeText(copied), "\"own\"=\"\"(\"n\"=\"" + std::to_string(number) + "\")");
+        EXPECT_EQ(copied->FindChild("n")->GetValueInt(), number);
+    }
+}
+
+TEST(NumberNodes, MayHaveChildren) {
+    for (const int number : Numbers()) {
+        const Tree node = NewNode("parent");
+        node->AddNumber("n", number);
+        node->FindChild("n")->AddChild("c", number);
+        const std::string text = std::to_string(number);
+        EXPECT_EQ(TreeText(node.get()),
+                  "\"parent\"=\"\"(\"n\"=\"" + text + "\"(\"c\"=\"" + text + "\"))");
+    }
+}
+
+/// A foreign node that knows its number.
+class NumberNode : public EmptyNode {
+ public:
+    explicit NumberNode(int number) : number_(number) {}
+
+    std::string GetName() override { return "n"; }
+    std::string GetValue() override { return std::to_string(number_); }
+    ZQXML::NodeView View() override {
+        return {
+            this, "n", 1, nullptr, static_cast<unsigned int>(number_), ZQXML::TextForm::kNumber};
+    }
+
+ private:
+    int number_;
+};
+
+TEST(NumberNodes, OfAnotherMakerAreCopiedAndWritten) {
+    for (const int number : Numbers()) {
+        NumberNode foreign(number);
+        const std::string text = std::to_string(number);
+        const Tree parent = NewNode("parent");
+        parent->AppendChild(&foreign);
+        EXPECT_EQ(TreeText(parent.get()), "\"parent\"=\"\"(\"n\"=\"" + text + "\")");
+        EXPECT_EQ(ZQXML::WriteXml(&foreign), "<n>" + text + "</n>");
+    }
 }
 
 /// The names of the children of `node`, looked at in parts of that size.
