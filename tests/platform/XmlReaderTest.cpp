@@ -431,6 +431,22 @@ TEST(ParseXml, RefusesAGreaterDepth) {
     EXPECT_TRUE(IsError(Error(Repeated("<a>", 5 * ZQXML::kMaxXmlDepth)), place, "deep"));
 }
 
+TEST(ParseXml, LeavesOfEachFormAreALevel) {
+    const std::string end = Repeated("</a>", ZQXML::kMaxXmlDepth);
+    for (const std::string leaf :
+         {"<b/>", "<b></b>", "<b>x</b>", "<b>&amp;</b>", "<b encoding=\"base64\">Zm9v</b>",
+          "<b encoding=\"base64\"/>", "<b encoding=\"base64\">x</b>", "<b><!-- --></b>"}) {
+        const std::size_t above = ZQXML::kMaxXmlDepth - 1;
+        for (const std::string& leaves : {leaf, leaf + leaf, leaf + "x" + leaf}) {
+            EXPECT_TRUE(ZQXML::ParseXml(Repeated("<a>", above) + leaves + Repeated("</a>", above)))
+                << leaves;
+            const std::string start = Repeated("<a>", above + 1);
+            EXPECT_TRUE(IsError(Error(start + leaves + end), Place(1, start.size() + 1), "deep"))
+                << leaves;
+        }
+    }
+}
+
 TEST(ParseXml, DepthIsThatOfOpenElements) {
     const std::string leaf = Repeated("<b><c/></b>", ZQXML::kMaxXmlDepth);
     EXPECT_TRUE(ZQXML::ParseXml("<a>" + leaf + "</a>"));
