@@ -155,6 +155,64 @@ TEST(WriteXml, WritesTheSubtreeOfTheNodeAlone) {
               "<Tracks><Track><Id>1</Id></Track><Track>\n</Track></Tracks>");
 }
 
+/// A caller may keep many texts of small parts of a tree.
+TEST(WriteXml, TakesMemoryForWhatItWritesOnly) {
+    const Tree large = NewNode("large");
+    large->AddChild("first", "x");
+    large->AddChild("second", "");
+    large->FindChild("second")->AddChild("inner", 1);
+    for (int index = 0; index < 10000; ++index) {
+        large->AddChild("more", std::string(100, 'x'));
+    }
+    for (const char* const name : {"first", "second", "more"}) {
+        const std::string text = ZQXML::WriteXml(large->FindChild(name));
+        EXPECT_LT(text.size(), 200U);
+        EXPECT_LT(text.capacity(), 4096U) << name;
+    }
+    const std::string all = ZQXML::WriteXml(large.get());
+    EXPECT_LT(all.capacity(), 2 * all.size());
+}
+
+TEST(WriteXml, WritesLeavesOfEachFormByThemselves) {
+    const Tree node = NewNode("n");
+    node->AddNumber("zero", 0);
+    node->AddNumber("least", -2147483647 - 1);
+    node->AddEncoded("bytes", "fooba");
+    node->AddEncoded("none", "");
+    node->AddChildEncoded("base64", "Zm9v ");
+    const struct {
+        const char* name;
+        const char* written;
+    } cases[] = {
+        {"zero", "<zero>0</zero>"},
+        {"least", "<least>-2147483648</least>"},
+        {"bytes", "<bytes encoding=\"base64\">Zm9vYmE=</bytes>"},
+        {"none", "<none encoding=\"base64\"/>"},
+        {"base64", "<base64 encoding=\"base64\">Zm9v </base64>"},
+    };
+    for (const auto& [name, written] : cases) {
+        for (const bool indent : {false, true}) {
+            EXPECT_EQ(ZQXML::WriteXml(node->FindChild(name), indent), written);
+        }
+    }
+}
+
+/// They are no blank text, behind which a new line would change nothing.
+TEST(WriteXml, IndentLeavesNumbersAndBytesAheadOfChildrenAsTheyAre) {
+    const Tree node = NewNode("n");
+    node->AddNumber("number", 0);
+    node->FindChild("number")->AddChild("c", "");
+    node->AddEncoded("bytes", " ");
+    node->FindChild("bytes")->AddChild("c", "");
+    EXPECT_EQ(ZQXML::WriteXml(node.get(), true),
+              "<n>\n"
+              "  <number>0<c/>\n"
+              "  </number>\n"
+              "  <bytes encoding=\"base64\">IA==<c/>\n"
+              "  </bytes>\n"
+              "</n>");
+}
+
 TEST(WriteXml, LeavesTheTreeAsItIs) {
     const Tree album = Album();
     const std::string before = TreeText(album.get());
@@ -323,6 +381,36 @@ TEST(WriteXmlNames, StartAndEndTagAreTheSame) {
     const Tree node = NewNode("a b<c", "x");
     node->AddChild("1", "y");
     EXPECT_EQ(ZQXML::WriteXml(node.get()), "<a_b_c>x<_>y</_></a_b_c>");
+}
+
+/// What is found out of a name counts for all elements of that name.
+TEST(WriteXmlNames, ThatRepeatAreWrittenTheSameEachTime) {
+    const Tree node = NewNode("a b", "x");
+    for (int round = 0; round < 2; ++round) {
+        node->AddChild("a b", "x");
+        node->AddChild("", 1);
+        node->AddChild("1", "");
+        node->AddChild("fit", "x");
+        node->FindChild("a b")->AddChild("a b", "");
+    }
+    const std::string child = "<a_b>x<a_b/><a_b/></a_b>";
+    const std::string rest = "<_>1</_><_/><fit>x</fit>";
+    const std::string expected = "<a_b>x" + child + rest + "<a_b>x</a_b>" + rest + "</a_b>";
+    EXPECT_EQ(ZQXML::WriteXml(node.get()), expected);
+    EXPECT_EQ(ZQXML::WriteXml(node.get()), expected);
+}
+
+/// Names are copied in steps of some bytes.
+TEST(WriteXmlNames, OfAnySizeAreWrittenWhole) {
+    for (std::size_t size = 1; size <= 70; ++size) {
+        const std::string name(size, 'n');
+        const std::string unfit = std::string(size, 'n') + '<';
+        const Tree node = NewNode(name, "x");
+        node->AddChild(name, "");
+        node->AddChild(unfit, "y");
+        EXPECT_EQ(ZQXML::WriteXml(node.get()),
+                  "<" + name + ">x<" + name + "/><" + name + "_>y</" + name + "_></" + name + ">");
+    }
 }
 
 /// Writes each character as the first and as the second of a name, and has expat say whether it
