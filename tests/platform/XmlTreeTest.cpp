@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -62,6 +63,7 @@ class XmlTree : public testing::Test {
 using AppendChild = XmlTree;
 using References = XmlTree;
 using ForeignNodes = XmlTree;
+using ParsedTrees = XmlTree;
 
 TEST_F(AppendChild, AttachesTheNodeItselfAsLastChild) {
     const Tree parent = NewNode("parent");
@@ -353,6 +355,66 @@ TEST_F(References, NodesMayBeKeptAndReleasedInAnyOrder) {
                 kept[(turn + step * (turn % 2 == 0 ? 1 : 5)) % kCount] = nullptr;
             }
         }
+    }
+}
+
+// Read in place, and by way of expat for the comment.
+constexpr const char* kParsed[] = {
+    "<R>r<C>c<D>1</D><E encoding=\"base64\">Zm9v</E><F encoding=\"base64\"> </F></C><G/></R>",
+    "<!-- --><R>r<C>c<D>1</D><E encoding=\"base64\">Zm9v</E><F encoding=\"base64\"> "
+    "</F></C><G/></R>",
+};
+constexpr char kParsedChild[] = R"("C"="c"("D"="1" "E"="Zm9v"* "F"=" "*))";
+
+TEST_F(ParsedTrees, HaveARootWithoutAParent) {
+    for (const char* const text : kParsed) {
+        const Tree root = ZQXML::ParseXml(text);
+        const Tree parent = NewNode("parent");
+        parent->AppendChild(root.get());
+        EXPECT_EQ(parent->FindChild("R"), root.get());
+    }
+}
+
+TEST_F(ParsedTrees, GoWithTheirLastReference) {
+    for (const char* const text : kParsed) {
+        const long before = allocation::LiveBlocks();
+        Tree root = ZQXML::ParseXml(text);
+        EXPECT_GT(allocation::LiveBlocks(), before);
+        root = nullptr;
+        EXPECT_EQ(allocation::LiveBlocks(), before);
+    }
+}
+
+TEST_F(ParsedTrees, LeaveNothingOfWhatIsRefused) {
+    const std::string text = kParsed[0];
+    const long before = allocation::LiveBlocks();
+    for (std::size_t size = 0; size < text.size(); ++size) {
+        EXPECT_FALSE(ZQXML::ParseXml(std::string_view(text).substr(0, size)));
+        EXPECT_EQ(allocation::LiveBlocks(), before) << size;
+    }
+}
+
+TEST_F(ParsedTrees, GoButForAChildThatIsKept) {
+    for (const char* const text : kParsed) {
+        Tree root = ZQXML::ParseXml(text);
+        const Tree child = Kept(root->FindChild("C"));
+        const Tree leaf = Kept(child->FindChild("E"));
+        root = nullptr;
+        EXPECT_EQ(TreeText(child.get()), kParsedChild);
+        EXPECT_EQ(ZQXML::WriteXml(leaf.get()), "<E encoding=\"base64\">Zm9v</E>");
+        // Free of its old tree, it can become part of another.
+        const Tree parent = NewNode("parent");
+        parent->AppendChild(child.get());
+        EXPECT_EQ(parent->FindChild("C"), child.get());
+    }
+}
+
+TEST_F(ParsedTrees, StayWholeWhereARootIsKeptTwice) {
+    for (const char* const text : kParsed) {
+        Tree root = ZQXML::ParseXml(text);
+        const Tree second = Kept(root.get());
+        root = nullptr;
+        EXPECT_EQ(TreeText(second->FindChild("C")), kParsedChild);
     }
 }
 
