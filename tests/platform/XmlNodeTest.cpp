@@ -531,6 +531,11 @@ const std::vector<int>& Numbers() {
     return numbers;
 }
 
+/// A tree of one child, with that number.
+std::string NumberTreeText(const std::string& name, int number) {
+    return Quoted(name) + R"(=""("n"=)" + Quoted(std::to_string(number)) + ')';
+}
+
 TEST(NumberNodes, AreSeenAsNumbers) {
     for (const int number : Numbers()) {
         const Tree node = NewNode("parent");
@@ -602,19 +607,20 @@ TEST(NumberNodes, AreCopiedWithForeignNodesAsTheirTexts) {
         parent->AppendChild(foreign.get());
         ZQXML::INode* const copied = parent->FindChild("foreign")->FindChild("own");
         ASSERT_NE(copied, nullptr);
-        EXPECT_EQ(TreeText(copied), "\"own\"=\"\"(\"n\"=\"" + std::to_string(number) + "\")");
+        EXPECT_EQ(TreeText(copied), NumberTreeText("own", number));
         EXPECT_EQ(copied->FindChild("n")->GetValueInt(), number);
     }
 }
 
 TEST(NumberNodes, MayHaveChildren) {
     for (const int number : Numbers()) {
-        const Tree node = NewNode("parent");
-        node->AddNumber("n", number);
-        node->FindChild("n")->AddChild("c", number);
-        const std::string text = std::to_string(number);
-        EXPECT_EQ(TreeText(node.get()),
-                  "\"parent\"=\"\"(\"n\"=\"" + text + "\"(\"c\"=\"" + text + "\"))");
+        const Tree parent = NewNode("parent");
+        parent->AddNumber("n", number);
+        ZQXML::INode* const node = parent->FindChild("n");
+        node->AddNumber("c", number);
+        EXPECT_EQ(node->GetValue(), std::to_string(number));
+        EXPECT_EQ(node->View().Number(), number);
+        EXPECT_EQ(node->FindChild("c")->GetValueInt(), number);
     }
 }
 
@@ -640,7 +646,7 @@ TEST(NumberNodes, OfAnotherMakerAreCopiedAndWritten) {
         const std::string text = std::to_string(number);
         const Tree parent = NewNode("parent");
         parent->AppendChild(&foreign);
-        EXPECT_EQ(TreeText(parent.get()), "\"parent\"=\"\"(\"n\"=\"" + text + "\")");
+        EXPECT_EQ(TreeText(parent.get()), NumberTreeText("parent", number));
         EXPECT_EQ(ZQXML::WriteXml(&foreign), "<n>" + text + "</n>");
     }
 }

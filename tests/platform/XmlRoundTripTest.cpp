@@ -222,18 +222,22 @@ TEST(RoundTrip, KeepsTreesOfAnotherImplementation) {
     }
 }
 
+/// The tree with a number at each of three places.
+std::string NumbersTreeText(int number) {
+    const std::string text = Quoted(std::to_string(number));
+    return R"("n"=""("a"=)" + text + R"( "b"=)" + text + R"(("c"=)" + text + "))";
+}
+
 TEST(RoundTrip, KeepsNumbers) {
     for (const int number : {0, 1, -1, 9, 10, -10, 2147483647, -2147483647 - 1}) {
         const Tree node = NewNode("n");
         node->AddNumber("a", number);
         node->AddChild("b", number);
         node->FindChild("b")->AddNumber("c", number);
-        const std::string text = std::to_string(number);
         for (const bool indent : {false, true}) {
             const Tree read = ZQXML::ParseXml(ZQXML::WriteXml(node.get(), indent));
             ASSERT_TRUE(read) << number;
-            EXPECT_EQ(TreeText(read.get()), "\"n\"=\"\"(\"a\"=\"" + text + "\" \"b\"=\"" + text +
-                                                "\"(\"c\"=\"" + text + "\"))");
+            EXPECT_EQ(TreeText(read.get()), NumbersTreeText(number));
             EXPECT_EQ(read->FindChild("a")->GetValueInt(), number);
         }
     }
@@ -267,9 +271,9 @@ constexpr std::string_view kDocuments[] = {
     "<L><ArtistId>1</ArtistId><Artist><Id>2</Id></Artist><ArtistId/><Artist/><ArtistIds/></L>",
     "<L><Ab>1</Ab><Ac>2</Ac><Ab>3</Ab><Ac>4</Ac><TrackName1>5</TrackName1><TrackName2/></L>",
     // Encoded leaves of each length of their last group.
-    "<A><T encoding=\"base64\">Zm9vYg==</T><T encoding=\"base64\">Zm9vYmE=</T><N>-7</N></A>",
-    "<A encoding=\"base64\">Zm9v<T encoding=\"base64\"/><T encoding=\"base64\">Zm9vYmFy</T></A>",
-    "<A encoding=\"base64\">Zm9vYg==</A>",
+    R"(<A><T encoding="base64">Zm9vYg==</T><T encoding="base64">Zm9vYmE=</T><N>-7</N></A>)",
+    R"(<A encoding="base64">Zm9v<T encoding="base64"/><T encoding="base64">Zm9vYmFy</T></A>)",
+    R"(<A encoding="base64">Zm9vYg==</A>)",
     // Numbers, on several levels.
     "<a><b><c><d>2147483647</d><d>-2147483648</d></c><c/></b><b><c><d>0</d></c></b></a>",
 };
@@ -374,7 +378,7 @@ TEST(ParseXml, AcceptsOfTextsWithAnotherByteWhatExpatAccepts) {
                 verdicts.Check(text);
                 text.erase(at, 1);
                 verdicts.Check(text);
-                text.insert(at, {document[at], byte});
+                text.insert(at, std::string{document[at], byte});
                 verdicts.Check(text);
                 if (testing::Test::HasFatalFailure()) {
                     return;
@@ -386,29 +390,33 @@ TEST(ParseXml, AcceptsOfTextsWithAnotherByteWhatExpatAccepts) {
     EXPECT_GT(verdicts.refused, 1000);
 }
 
+/// An element of the name `found` where `expected` is expected, in each form.
+void CheckNames(Verdicts* verdicts, const std::string& expected, const std::string& found,
+                const std::string& closed) {
+    const std::string start = "<R><B/><" + expected + ">1</" + expected + "><B/><" + found;
+    const std::string end = "</" + closed + "></R>";
+    verdicts->Check(start + ">1" + end);
+    verdicts->Check(start + "><C/>" + end);
+    verdicts->Check(start + kMark + ">Zg==" + end);
+    verdicts->Check(start + "/></R>");
+    verdicts->Check(start + "\xC3\xA9/></R>");
+    verdicts->Check(start);
+}
+
 TEST(ParseXml, TakesTheNameThatIsExpectedOnlyWhereItEnds) {
-    // Written twice, so that each name is the one that is expected after the one ahead of it.
     const std::vector<std::string> names = {"A", "Ab", "Abc", "Abcdefgh", "Abcdefghi", "Abcdefgj"};
     Verdicts verdicts;
     for (const std::string& expected : names) {
         for (const std::string& found : names) {
             for (const std::string& closed : names) {
-                const std::string first = "<B/><" + expected + ">1</" + expected + ">";
-                const std::string second = "<B/><" + found + ">1</" + closed + ">";
-                verdicts.Check("<R>" + first + second + "</R>");
-                verdicts.Check("<R>" + first + "<B/><" + found + "><C/></" + closed + "></R>");
-                verdicts.Check("<R>" + first + "<B/><" + found + "/></R>");
-                verdicts.Check("<R>" + first + "<B/><" + found + kMark + ">Zg==</" + closed +
-                               "></R>");
-                verdicts.Check("<R>" + first + "<B/><" + found);
-                verdicts.Check("<R>" + first + "<B/><" + found + "\xC3\xA9/></R>");
+                CheckNames(&verdicts, expected, found, closed);
             }
         }
     }
     const int pairs = static_cast<int>(names.size() * names.size());
-    const int threes = pairs * static_cast<int>(names.size());
-    // The end tags that fit, thrice; all empty ones, twice.
-    EXPECT_EQ(verdicts.accepted, 3 * pairs + 2 * threes);
+    const int triples = pairs * static_cast<int>(names.size());
+    // Three forms where the end tag fits, two that have none.
+    EXPECT_EQ(verdicts.accepted, 3 * pairs + 2 * triples);
 }
 
 // --- Elements with the mark ----------------------------------------------------------------------
@@ -447,6 +455,11 @@ std::string MarkedElement(const std::string& content) {
     return std::string("<T") + kMark + (content.empty() ? "/>" : ">" + content + "</T>");
 }
 
+/// Among other elements.
+std::string InDocument(const std::string& element) {
+    return "<R>" + element + "<N>1</N>" + element + "</R>";
+}
+
 void CheckBytes(ZQXML::INode* node, const Encoded& encoded) {
     ASSERT_NE(node, nullptr);
     EXPECT_TRUE(node->IsEncoded());
@@ -465,7 +478,7 @@ TEST(MarkedElements, OfWrittenFormAreReadAsTheBytes) {
         CheckBytes(root.get(), encoded);
         EXPECT_EQ(ZQXML::WriteXml(root.get()), element);
 
-        const std::string document = "<R>" + element + "<N>1</N>" + element + "</R>";
+        const std::string document = InDocument(element);
         const Tree tree = ZQXML::ParseXml(document);
         ASSERT_TRUE(tree) << document;
         CheckBytes(tree->FindChild("T"), encoded);
@@ -481,11 +494,11 @@ TEST(MarkedElements, MayBeWrittenWithAnEndTagThoughEmpty) {
     EXPECT_EQ(ZQXML::WriteXml(tree.get()), std::string("<R><T") + kMark + "/></R>");
 }
 
-/// The element alone, among others, and one whose text goes on.
+/// As an element's text, there alone and among others, and as one ahead of a child.
 void CheckMarked(Verdicts* verdicts, const std::string& content) {
     const std::string element = std::string("<T") + kMark + ">" + content + "</T>";
     verdicts->Check(element);
-    verdicts->Check("<R>" + element + "<N>1</N>" + element + "</R>");
+    verdicts->Check(InDocument(element));
     verdicts->Check(std::string("<R") + kMark + ">" + content + element + "</R>");
 }
 
@@ -525,6 +538,9 @@ TEST(MarkedElements, HoldAnyPieceAtAnyPlaceAsExpatReadsIt) {
         for (const std::string& piece : pieces) {
             for (std::size_t at = 0; at <= encoded.text.size(); ++at) {
                 CheckMarked(&verdicts, std::string(encoded.text).insert(at, piece));
+            }
+            if (testing::Test::HasFatalFailure()) {
+                return;
             }
         }
     }
