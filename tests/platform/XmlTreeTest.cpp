@@ -360,9 +360,8 @@ TEST_F(References, NodesMayBeKeptAndReleasedInAnyOrder) {
 
 // Read in place, and by way of expat for the comment.
 constexpr const char* kParsed[] = {
-    "<R>r<C>c<D>1</D><E encoding=\"base64\">Zm9v</E><F encoding=\"base64\"> </F></C><G/></R>",
-    "<!-- --><R>r<C>c<D>1</D><E encoding=\"base64\">Zm9v</E><F encoding=\"base64\"> "
-    "</F></C><G/></R>",
+    R"(<R><C>c<D>1</D><E encoding="base64">Zm9v</E><F encoding="base64"> </F></C><G/></R>)",
+    R"(<R><!-- --><C>c<D>1</D><E encoding="base64">Zm9v</E><F encoding="base64"> </F></C></R>)",
 };
 constexpr char kParsedChild[] = R"("C"="c"("D"="1" "E"="Zm9v"* "F"=" "*))";
 
