@@ -431,17 +431,20 @@ TEST(ParseXml, RefusesAGreaterDepth) {
     EXPECT_TRUE(IsError(Error(Repeated("<a>", 5 * ZQXML::kMaxXmlDepth)), place, "deep"));
 }
 
+/// `content` below so many elements.
+std::string Below(std::size_t depth, const std::string& content) {
+    return Repeated("<a>", depth) + content + Repeated("</a>", depth);
+}
+
 TEST(ParseXml, LeavesOfEachFormAreALevel) {
-    const std::string end = Repeated("</a>", ZQXML::kMaxXmlDepth);
+    constexpr std::size_t kAbove = ZQXML::kMaxXmlDepth - 1;
     for (const std::string leaf :
-         {"<b/>", "<b></b>", "<b>x</b>", "<b>&amp;</b>", "<b encoding=\"base64\">Zm9v</b>",
-          "<b encoding=\"base64\"/>", "<b encoding=\"base64\">x</b>", "<b><!-- --></b>"}) {
-        const std::size_t above = ZQXML::kMaxXmlDepth - 1;
-        for (const std::string& leaves : {leaf, leaf + leaf, leaf + "x" + leaf}) {
-            EXPECT_TRUE(ZQXML::ParseXml(Repeated("<a>", above) + leaves + Repeated("</a>", above)))
-                << leaves;
-            const std::string start = Repeated("<a>", above + 1);
-            EXPECT_TRUE(IsError(Error(start + leaves + end), Place(1, start.size() + 1), "deep"))
+         {"<b/>", "<b></b>", "<b>x</b>", "<b>&amp;</b>", R"(<b encoding="base64">Zm9v</b>)",
+          R"(<b encoding="base64"/>)", R"(<b encoding="base64">x</b>)", "<b><!-- --></b>"}) {
+        for (const std::string& leaves : {leaf, leaf + leaf, leaf + " x"}) {
+            EXPECT_TRUE(ZQXML::ParseXml(Below(kAbove, leaves))) << leaves;
+            EXPECT_TRUE(
+                IsError(Error(Below(kAbove + 1, leaves)), Place(1, 3 * (kAbove + 1) + 1), "deep"))
                 << leaves;
         }
     }
