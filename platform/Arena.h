@@ -28,7 +28,6 @@ struct Name {
     mutable Fitness fitness;
 
     std::string_view View() const { return {Memory() + kBegin.size(), size}; }
-    std::string_view ViewWithEnd() const { return {Memory() + kBegin.size(), size + kEnd.size()}; }
     std::string_view EndTag() const { return {Memory(), kBegin.size() + size + kEnd.size()}; }
 
  private:
@@ -36,7 +35,13 @@ struct Name {
 };
 
 /// The empty name, which is kept in no arena.
-inline constexpr Name kNoName = {0, 0, nullptr, Name::Fitness::kUnfit};
+struct EmptyName {
+    Name name;
+    char endTag[4];
+};
+static_assert(offsetof(EmptyName, endTag) == sizeof(Name));
+inline constexpr EmptyName kEmptyName = {{0, 0, nullptr, Name::Fitness::kUnfit}, "</>"};
+inline constexpr const Name* kNoName = &kEmptyName.name;
 
 /// The memory of the elements that were made under one created node: blocks of growing size,
 /// filled from both ends (elements and names from the front, texts from the back, which saves 5 %

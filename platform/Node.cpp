@@ -36,7 +36,7 @@ inline ChildList* Node::Children() {
 }
 
 inline const Name* Node::InternedName(std::string_view name) {
-    return name.empty() ? &kNoName : arena_->StoreName(name);
+    return name.empty() ? kNoName : arena_->StoreName(name);
 }
 
 /// A new last child. The one way in which leaves are made: most of a tree's nodes are. Inline, it

@@ -139,7 +139,7 @@ class Node final : public INode {
     Node* parent_ = nullptr;
     Node* next_ = nullptr;  // the next sibling; in a tree that is being destroyed, the next to go
     ChildList* children_ = nullptr;
-    const Name* name_ = &kNoName;
+    const Name* name_ = kNoName;
     const char* content_ = nullptr;
     std::uint32_t contentSize_ = 0;  // or the number
     std::uint32_t state_;            // the form, and kReference times the number of references

@@ -75,7 +75,8 @@ bool IsFitName(std::string_view name) {
            CountNameCharacters(name) == name.size();
 }
 
-/// The room that `PutName` needs beyond the name's size: an empty name is written as a character.
+/// The room that `PutName` needs beyond the name's size: it copies whole steps, and an empty name
+/// is written as a character.
 constexpr std::size_t kNameRoom = Name::kStep;
 
 std::size_t SizeOf(std::string_view name) {
