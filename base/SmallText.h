@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 /// Comparing and copying element names and short texts, of which a tree has a dozen for each
@@ -11,10 +10,13 @@
 /// costs three times as much.
 namespace quavera {
 
+// Words are copied by the compiler's own memcpy. In a hardened build the C library's is an inline
+// function around it, which makes callers look larger than they are: fewer of them are inlined, and
+// a round on the target takes 4 % more.
 template <class Word, class Unit>
 Word LoadWord(const Unit* text) {
     Word word;
-    std::memcpy(&word, text, sizeof word);
+    __builtin_memcpy(&word, text, sizeof word);
     return word;
 }
 
@@ -60,8 +62,8 @@ template <class Word>
 void CopyEnds(const char* from, char* to, std::size_t size) {
     const std::size_t last = size - sizeof(Word);
     const auto lastWord = LoadWord<Word>(from + last);
-    std::memcpy(to, from, sizeof(Word));
-    std::memcpy(to + last, &lastWord, sizeof(Word));
+    __builtin_memcpy(to, from, sizeof(Word));
+    __builtin_memcpy(to + last, &lastWord, sizeof(Word));
 }
 
 inline void CopyUpTo3(std::string_view text, char* to) {

@@ -4,10 +4,6 @@
 
 #include "common/BorrowedText.h"
 
-std::wstring convertFromUtf8(std::string text) {
-    return quavera::Widen(text);
-}
-
 std::string convertToCodePage(std::string codePage, std::wstring text) {
     return quavera::ConvertToCodePage(codePage.c_str(), text);
 }

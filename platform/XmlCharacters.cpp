@@ -104,12 +104,17 @@ constexpr bool AreSorted(const Range (&ranges)[kCount]) {
 
 static_assert(AreSorted(kNameStarts) && AreSorted(kOtherNameCharacters), "for binary search");
 
+// One function for both tables, and no address of the code, for which the compiler would protect
+// the stack: saves 180 bytes on the target.
+bool IsWithin(const Range* first, const Range* end, char32_t code) {
+    const Range* const range =
+        std::partition_point(first, end, [code](const Range& each) { return each.last < code; });
+    return range != end && range->first <= code;
+}
+
 template <std::size_t kCount>
 bool Contains(const Range (&ranges)[kCount], char32_t code) {
-    const Range* const range =
-        std::lower_bound(std::begin(ranges), std::end(ranges), code,
-                         [](const Range& left, char32_t right) { return left.last < right; });
-    return range != std::end(ranges) && range->first <= code;
+    return IsWithin(std::begin(ranges), std::end(ranges), code);
 }
 
 constexpr bool IsIn(char32_t code, char32_t first, char32_t last) {
