@@ -127,7 +127,7 @@ class Arena {
     /// Says that it is it, and returns it.
     const Name* UseNextName() { return latestName_ = latestName_->successor; }
 
-    /// The same by a search.
+    /// The same by a search; throws `std::bad_alloc` for more than 2^32 - 1 bytes, unread.
     const Name* FindOrAddName(std::string_view name);
 
     /// Links from elements of this arena to children in other arenas.

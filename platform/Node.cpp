@@ -270,11 +270,12 @@ void Node::SetText(std::string_view text) {
 }
 
 /// Looks from both ends in turns, up from this node and down through the subtree, so that neither
-/// a deep tree nor a large subtree makes building quadratic.
+/// a deep tree nor a large subtree makes building quadratic. On the way down it is the end alone
+/// that tells something: this node is not come to before its root is on the way up.
 bool Node::IsInSubtreeOf(Node* root) {
     const Node* above = this;
     const Node* below = root;
-    while (above != root && below != this) {
+    while (above != root) {
         above = above->parent_;
         if (above == nullptr) {
             return false;

@@ -14,7 +14,7 @@
 /// A tree is used by one thread at a time; a subtree that a reference keeps beyond its tree, and a
 /// node made by `CreateNode`, still belong to the tree that they come from. Depth and width are
 /// limited by memory only, no operation recurses, and a failed allocation throws `std::bad_alloc`
-/// and changes nothing.
+/// and changes nothing. So does a name or a text of more than 2^32 - 1 bytes.
 namespace ZQXML {
 
 class INode;

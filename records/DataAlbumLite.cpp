@@ -31,9 +31,9 @@ DataAlbumLite::DataAlbumLite(Quavera::Quavera2__LiteAlbumMetadata* soap) {
     Assign(primaryStyle, soap->primaryStyle);
     Assign(releaseYear, soap->releaseYear);
     Assign(shortcut, soap->shortcut);
-    if (const auto* const types = soap->displayableAlbumTypes;
-        types != nullptr && types->count > 0) {
-        displayableAlbumTypes.assign(types->items, types->items + types->count);
+    if (const int count = CountItems(soap->displayableAlbumTypes); count > 0) {
+        const std::string* const types = soap->displayableAlbumTypes->items;
+        displayableAlbumTypes.assign(types, types + count);
     }
 }
 

@@ -1,37 +1,41 @@
 #include "records/Fields.h"
 
 #include <algorithm>
+#include <new>
 
 #include "common/TextConversion.h"
 
-void ElementWriter::Unsigned(std::string_view name, const unsigned long* value) {
+void FailForItems() {
+    throw std::bad_alloc();
+}
+
+void ElementWriter::Unsigned(RowName name, const unsigned long* value) {
     if (value != nullptr) {
         element_->AddChild(std::string(name), *value);
     }
 }
 
-void ElementWriter::DecimalString(std::string_view name, const int* value) {
+void ElementWriter::DecimalString(RowName name, const int* value) {
     if (value != nullptr) {
         const std::string text = zq::ToString(*value);
         String(name, &text);
     }
 }
 
-void ElementWriter::HexLetter(std::string_view name, const std::string* text) {
+void ElementWriter::HexLetter(RowName name, const std::string* text) {
     if (text != nullptr) {
         const std::string code = CharToHexString(text->c_str()[0]);  // of an empty text: zero's
         String(name, &code);
     }
 }
 
-void ElementWriter::Flag(std::string_view name, const bool* value) {
+void ElementWriter::Flag(RowName name, const bool* value) {
     if (value != nullptr) {
         element_->AddChild(std::string(name), *value);
     }
 }
 
-void ElementWriter::ValuesUnlessEmpty(std::string_view name,
-                                      const std::vector<std::string>& texts) {
+void ElementWriter::ValuesUnlessEmpty(RowName name, const std::vector<std::string>& texts) {
     if (texts.empty()) {
         return;
     }
@@ -42,13 +46,13 @@ void ElementWriter::ValuesUnlessEmpty(std::string_view name,
     element_->AppendChild(list.get());
 }
 
-void ChildReader::HexLetter(std::string_view name, std::string& field) {
+void ChildReader::HexLetter(RowName name, std::string& field) {
     if (Takes(name)) {
         field.assign(1, HexStringToChar(std::string(walk_.Text())));
     }
 }
 
-void ChildReader::Values(std::string_view name, std::vector<std::string>& field) {
+void ChildReader::Values(RowName name, std::vector<std::string>& field) {
     if (Takes(name)) {
         for (ChildWalk value(Child()); value.Next();) {
             field.emplace_back(value.Text());
@@ -56,13 +60,13 @@ void ChildReader::Values(std::string_view name, std::vector<std::string>& field)
     }
 }
 
-void TextLines::Each(std::string_view label, const std::vector<std::string>& texts) {
+void TextLines::Each(RowName label, const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
         Plain(label, text);
     }
 }
 
-void TextLines::Unbroken(std::string_view prefix, const std::vector<std::string>& texts) {
+void TextLines::Unbroken(RowName prefix, const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
         text_.Append(prefix);
         text_.Append(text);
@@ -83,7 +87,7 @@ ZQXML::INode* FindChild(ZQXML::INode* node, const std::string& name) {
     return node == nullptr ? nullptr : node->FindChild(name);
 }
 
-zq::auto_com<ZQXML::INode> NewElement(std::string_view name) {
+zq::auto_com<ZQXML::INode> NewElement(RowName name) {
     auto element = ZQXML::CreateXmlNode();
     element->Initialize(std::string(name), "");
     return element;

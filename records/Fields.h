@@ -16,6 +16,7 @@
 #include "records/ChildWalk.h"
 #include "records/Nested.h"
 #include "records/QuavData.h"
+#include "records/RowName.h"
 
 /// The verbs that the records are written with. A record's three directions are blocks of rows, one
 /// for each element or line, and a verb names the form that the row's value takes: W when a SOAP
@@ -51,62 +52,76 @@
 /// | Unbroken          | T     | the same          | each after the prefix, without line ends     |
 
 /// A new element of that name, without text.
-zq::auto_com<ZQXML::INode> NewElement(std::string_view name);
+zq::auto_com<ZQXML::INode> NewElement(RowName name);
 
 /// A new element of that name, with what `Writer` writes of a SOAP record.
 template <class Writer, class Soap>
-zq::auto_com<ZQXML::INode> NewElementWith(std::string_view name, Soap* soap) {
+zq::auto_com<ZQXML::INode> NewElementWith(RowName name, Soap* soap) {
     auto element = NewElement(name);
     Writer::ToXML(element.get(), soap);
     return element;
 }
 
+/// Throws `std::bad_alloc`.
+[[noreturn]] void FailForItems();
+
+/// The number of items of a wrapper, which is what a SOAP record holds for a repeated element:
+/// `items` and their `count`. None for a null wrapper. One that counts items but has none is left
+/// behind by a reader that had no memory for them, and counts as what it is: a failed allocation.
+template <class Wrapper>
+int CountItems(const Wrapper* wrapper) {
+    if (wrapper == nullptr || wrapper->count <= 0) {
+        return 0;
+    }
+    if (wrapper->items == nullptr) {
+        FailForItems();
+    }
+    return wrapper->count;
+}
+
 /// Adds the members of a SOAP record to an element, in the order of the calls. A member that is
-/// null is left out, and so is a null item of a list. A wrapper is what a SOAP record holds for a
-/// repeated element: `items` and their `count`.
+/// null is left out, and so is a null item of a list.
 class ElementWriter {
  public:
     explicit ElementWriter(ZQXML::INode* element) : element_(element) {}
 
-    void Plain(std::string_view name, const std::string* text) {
+    void Plain(RowName name, const std::string* text) {
         if (text != nullptr) {
             quavera::Nodes::AddCString(element_, name, text->c_str());
         }
     }
-    void String(std::string_view name, const std::string* text) {
+    void String(RowName name, const std::string* text) {
         if (text != nullptr) {
             quavera::Nodes::AddText(element_, name, *text);
         }
     }
-    void Display(std::string_view name, const std::string* text) {
+    void Display(RowName name, const std::string* text) {
         if (text != nullptr) {
             quavera::Nodes::AddEncoded(element_, name, *text);
         }
     }
-    void Number(std::string_view name, const int* value) {
+    void Number(RowName name, const int* value) {
         if (value != nullptr) {
             quavera::Nodes::AddNumber(element_, name, *value);
         }
     }
-    void NumberUnlessZero(std::string_view name, int value) {
-        Number(name, value == 0 ? nullptr : &value);
-    }
-    void Unsigned(std::string_view name, const unsigned long* value);
+    void NumberUnlessZero(RowName name, int value) { Number(name, value == 0 ? nullptr : &value); }
+    void Unsigned(RowName name, const unsigned long* value);
     template <class Integer>
-    void Decimal(std::string_view name, const Integer* value) {
+    void Decimal(RowName name, const Integer* value) {
         if (value != nullptr) {
             const std::string text = zq::ToString(*value);
             Plain(name, &text);
         }
     }
-    void DecimalString(std::string_view name, const int* value);
-    void HexLetter(std::string_view name, const std::string* text);
-    void Flag(std::string_view name, const bool* value);
-    void FlagIfTrue(std::string_view name, bool value) { Flag(name, value ? &value : nullptr); }
+    void DecimalString(RowName name, const int* value);
+    void HexLetter(RowName name, const std::string* text);
+    void Flag(RowName name, const bool* value);
+    void FlagIfTrue(RowName name, bool value) { Flag(name, value ? &value : nullptr); }
 
     /// An element of that name, with what `Writer` writes of a SOAP record.
     template <class Writer, class Soap>
-    void Nested(std::string_view name, Soap* soap) {
+    void Nested(RowName name, Soap* soap) {
         if (soap != nullptr) {
             const auto child = quavera::Nodes::NewChild(element_, name);
             Writer::ToXML(child.get(), soap);
@@ -117,33 +132,35 @@ class ElementWriter {
     /// An element with one, named `itemName`, for each of the wrapper's records; without items it
     /// is empty.
     template <class Writer, class Wrapper>
-    void Records(std::string_view name, std::string_view itemName, const Wrapper* wrapper) {
+    void Records(RowName name, RowName itemName, const Wrapper* wrapper) {
         if (wrapper != nullptr) {
             RecordsAlways<Writer>(name, itemName, wrapper);
         }
     }
     template <class Writer, class Wrapper>
-    void RecordsAlways(std::string_view name, std::string_view itemName, const Wrapper* wrapper) {
+    void RecordsAlways(RowName name, RowName itemName, const Wrapper* wrapper) {
         const auto list = quavera::Nodes::NewChild(element_, name);
-        for (int at = 0; wrapper != nullptr && at < wrapper->count; ++at) {
+        const int count = CountItems(wrapper);
+        for (int at = 0; at < count; ++at) {
             ElementWriter(list.get()).Nested<Writer>(itemName, wrapper->items[at]);
         }
         element_->AppendChild(list.get());
     }
 
     template <class Wrapper>
-    void Values(std::string_view name, const Wrapper* wrapper) {
+    void Values(RowName name, const Wrapper* wrapper) {
         if (wrapper != nullptr) {
             const auto list = quavera::Nodes::NewChild(element_, name);
             ElementWriter(list.get()).Each("Value", wrapper);
             element_->AppendChild(list.get());
         }
     }
-    void ValuesUnlessEmpty(std::string_view name, const std::vector<std::string>& texts);
+    void ValuesUnlessEmpty(RowName name, const std::vector<std::string>& texts);
 
     template <class Wrapper>
-    void Each(std::string_view name, const Wrapper* wrapper) {
-        for (int at = 0; wrapper != nullptr && at < wrapper->count; ++at) {
+    void Each(RowName name, const Wrapper* wrapper) {
+        const int count = CountItems(wrapper);
+        for (int at = 0; at < count; ++at) {
             Plain(name, &wrapper->items[at]);
         }
     }
@@ -175,7 +192,7 @@ class ChildReader {
         return Advance(kFree);
     }
     /// Goes to the next child of that name.
-    bool Next(std::string_view name) {
+    bool Next(RowName name) {
         while (Next()) {
             if (Takes(name)) {
                 return true;
@@ -187,45 +204,45 @@ class ChildReader {
     /// The child that the last row took, borrowed; without rows, that of the pass.
     ZQXML::INode* Child() const { return walk_.Node(); }
 
-    void Plain(std::string_view name, std::string& field) {
+    void Plain(RowName name, std::string& field) {
         if (Takes(name)) {
             const std::string_view text = walk_.Text();
             field.clear();  // an assignment in place of both would cost 4 % of FromXML
             field.append(text);
         }
     }
-    void Display(std::string_view name, std::wstring& field) {
+    void Display(RowName name, std::wstring& field) {
         if (Takes(name)) {
             field = walk_.DisplayText();
         }
     }
-    void Number(std::string_view name, int& field) {
+    void Number(RowName name, int& field) {
         if (Takes(name)) {
             field = walk_.Number();
         }
     }
     template <class Integer>
-    void Unsigned(std::string_view name, Integer& field) {
+    void Unsigned(RowName name, Integer& field) {
         if (Takes(name)) {
             field = static_cast<std::uint32_t>(walk_.Number());  // zeros in front of it
         }
     }
-    void HexLetter(std::string_view name, std::string& field);
-    void Flag(std::string_view name, bool& field) {
+    void HexLetter(RowName name, std::string& field);
+    void Flag(RowName name, bool& field) {
         if (Takes(name) && walk_.Text() == TRUE_STRING) {
             field = true;
         }
     }
 
     template <class Item>
-    void Nested(std::string_view name, Item& field) {
+    void Nested(RowName name, Item& field) {
         if (Takes(name)) {
             field.FromXML(Child());
         }
     }
 
     template <class Item>
-    void Records(std::string_view name, std::vector<Item>& field) {
+    void Records(RowName name, std::vector<Item>& field) {
         if (Takes(name)) {
             ChildReader items(Child());
             // Saves 10 % of FromXML. A list that grows more than once grows best by itself.
@@ -238,7 +255,7 @@ class ChildReader {
         }
     }
     template <class Item>
-    void RecordsNamed(std::string_view name, std::string_view itemName, std::vector<Item>& field) {
+    void RecordsNamed(RowName name, RowName itemName, std::vector<Item>& field) {
         if (Takes(name)) {
             for (ChildReader items(Child()); items.Next(itemName);) {
                 items.AppendTo(field);
@@ -246,13 +263,13 @@ class ChildReader {
         }
     }
 
-    void Values(std::string_view name, std::vector<std::string>& field);
-    void Each(std::string_view name, std::vector<std::string>& field) {
+    void Values(RowName name, std::vector<std::string>& field);
+    void Each(RowName name, std::vector<std::string>& field) {
         if (Takes(name)) {
             field.emplace_back(walk_.Text());
         }
     }
-    void EachDecoded(std::string_view name, std::vector<std::string>& field) {
+    void EachDecoded(RowName name, std::vector<std::string>& field) {
         if (Takes(name)) {
             field.push_back(Child()->GetValueDecoded());
         }
@@ -277,7 +294,7 @@ class ChildReader {
     }
 
     /// Whether the next child that no row has taken yet has that name. Then this row takes it.
-    QUAVERA_INLINE_FOR_SPEED bool Takes(std::string_view name) {
+    QUAVERA_INLINE_FOR_SPEED bool Takes(RowName name) {
         if (state_ == kTaken) {
             Advance(kNotTried);
         }
@@ -312,37 +329,35 @@ class ChildReader {
 /// ones as constants. Saves 12 % of a log text.
 class TextLines {
  public:
-    QUAVERA_INLINE_FOR_SPEED void Plain(std::string_view label, std::string_view text) {
+    QUAVERA_INLINE_FOR_SPEED void Plain(RowName label, std::string_view text) {
         char* to = Begin(label, text.size() + kLineEnd.size());
         to = quavera::CopyText(text, to);
         text_.SetEnd(quavera::CopyText(kLineEnd, to));
     }
-    void Display(std::string_view label, const std::wstring& text) {
+    void Display(RowName label, const std::wstring& text) {
         text_.SetEnd(Begin(label, 0));
         EndWith(text);
     }
-    void DisplayAfter(std::string_view label, const std::wstring& text) {
+    void DisplayAfter(RowName label, const std::wstring& text) {
         text_.Append(label);
         EndWith(text);
     }
-    QUAVERA_INLINE_FOR_SPEED void Number(std::string_view label, int value) {
-        Decimal(label, value);
-    }
-    void Unsigned(std::string_view label, unsigned long value) { Decimal(label, value); }
-    void Flag(std::string_view label, bool value) { Plain(label, zq::ToString(value)); }
-    void Each(std::string_view label, const std::vector<std::string>& texts);
-    void Unbroken(std::string_view prefix, const std::vector<std::string>& texts);
+    QUAVERA_INLINE_FOR_SPEED void Number(RowName label, int value) { Decimal(label, value); }
+    void Unsigned(RowName label, unsigned long value) { Decimal(label, value); }
+    void Flag(RowName label, bool value) { Plain(label, zq::ToString(value)); }
+    void Each(RowName label, const std::vector<std::string>& texts);
+    void Unbroken(RowName prefix, const std::vector<std::string>& texts);
 
     // Records: by their AddLines, see records/Nested.h.
 
     template <class Record>
-    void Nested(std::string_view label, const Record& record) {
+    void Nested(RowName label, const Record& record) {
         text_.SetEnd(Begin(label, 0));
         AddLines(record, *this);
         text_.Append(kLineEnd);
     }
     template <class Item>
-    void Records(std::string_view prefix, const std::vector<Item>& items) {
+    void Records(RowName prefix, const std::vector<Item>& items) {
         const std::size_t start = text_.Size();
         for (const Item& item : items) {
             text_.Append(prefix);
@@ -364,14 +379,14 @@ class TextLines {
     static constexpr std::string_view kLineEnd = "\r\n";
 
     template <class Integer>
-    void Decimal(std::string_view label, Integer value) {
+    void Decimal(RowName label, Integer value) {
         text_.SetEnd(Begin(label, 0));
         quavera::Nodes::AppendDecimal(value, &text_);
         text_.Append(kLineEnd);
     }
     /// Begins a line. Returns the place behind it, with room for that many bytes: looking at the
     /// room once for each line saves 8 % of a log text.
-    char* Begin(std::string_view label, std::size_t room) {
+    char* Begin(RowName label, std::size_t room) {
         char* const to = text_.Reserve(label.size() + kEquals.size() + room);
         return quavera::CopyText(kEquals, quavera::CopyText(label, to));
     }

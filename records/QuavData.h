@@ -20,7 +20,9 @@ class INode;
 /// element leaves its field as it is, an unknown one is ignored, and what a malformed number or
 /// text gives is stated with the node's and the conversions' interface. Only a failed allocation
 /// throws; then nothing leaks, and an item of a list is there with all that it has, or not at all.
-/// A SOAP record must not be null unless a class says otherwise.
+/// A list of a SOAP record that counts items but has a null in their place counts as one: readers
+/// leave that behind where they had no memory for them. A SOAP record must not be null unless a
+/// class says otherwise.
 class QUAVERA_API QuavData {
  public:
     /// Selects the constructor of a record that reserves no room, where the default one does.

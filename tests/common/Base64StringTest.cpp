@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -173,6 +174,29 @@ TEST(Base64DecodeString, MalformedTextGivesEmptyData) {
     };
     for (const auto& [kind, text] : malformed) {
         EXPECT_EQ(base64DecodeString(text), "") << kind << ": " << text;
+    }
+}
+
+/// Long enough for whatever decodes many characters at a time, and for what is left behind it.
+TEST(Base64DecodeString, ForeignByteAtEveryPlaceOfALongTextGivesEmptyData) {
+    const std::string data(100, 'x');
+    const std::string text = base64EncodeString(data);
+    for (int value = 0; value < 256; ++value) {
+        const char byte = static_cast<char>(static_cast<unsigned char>(value));
+        if (std::string_view(kAlphabet).find(byte) != std::string_view::npos) {
+            continue;
+        }
+        const bool isBlank = std::string_view("\t\n\v\f\r ").find(byte) != std::string_view::npos;
+        for (std::size_t at = 0; at <= text.size(); ++at) {
+            std::string damaged = text;
+            damaged.insert(at, 1, byte);
+            EXPECT_EQ(base64DecodeString(damaged), isBlank ? data : "") << value << " at " << at;
+            if (at + 2 < text.size()) {  // what stands there is data
+                damaged = text;
+                damaged[at] = byte;
+                EXPECT_EQ(base64DecodeString(damaged), "") << value << " at " << at;
+            }
+        }
     }
 }
 

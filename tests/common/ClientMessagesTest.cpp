@@ -202,6 +202,14 @@ TYPED_TEST(AnyReply, HasTheSizeOfItsMessage) {
     EXPECT_EQ(sizeof(reply.wireBytes), kSize<TypeParam>);
 }
 
+TYPED_TEST(AnyReply, BeginsWithZeros) {
+    TypeParam reply;
+    const Bytes zeros(kSize<TypeParam>, 0);
+    EXPECT_EQ(ImageOf(reply.wireBytes), zeros);
+    reply.ToBuffer();
+    EXPECT_EQ(ImageOf(reply.wireBytes), zeros) << "the fields";
+}
+
 TYPED_TEST(AnyReply, WritesItsFieldsToItsImage) {
     TypeParam reply;
     Fill(reply);

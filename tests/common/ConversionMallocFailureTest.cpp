@@ -8,7 +8,7 @@
 #include "common/QuaveraCommon.h"
 #include "tests/common/ConversionFailures.h"
 #include "tests/common/ConversionReference.h"
-#include "tests/support/MallocFailure.h"
+#include "tests/support/AllocationFailure.h"
 
 namespace {
 
@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kConverterSites = 5;
 
 TEST(ConversionsWithoutMemory, ToWideTextThrowOrGiveZeros) {
-    QUAVERA_SKIP_WITHOUT_MALLOC_FAILURE();
+    QUAVERA_SKIP_WITHOUT_ALLOCATION_FAILURE();
     const std::string withZero = kLongUtf8 + '\0';
     const std::string withFault = kLongUtf8 + '\xFF';
     const std::wstring zeros(4 * withZero.size(), L'\0');
@@ -38,7 +38,7 @@ TEST(ConversionsWithoutMemory, ToWideTextThrowOrGiveZeros) {
 }
 
 TEST(ConversionsWithoutMemory, FromWideTextThrowOrGiveZeros) {
-    QUAVERA_SKIP_WITHOUT_MALLOC_FAILURE();
+    QUAVERA_SKIP_WITHOUT_ALLOCATION_FAILURE();
     // The C library unloads a set's module when that has been unused for a while, which would look
     // like blocks that are freed too often.
     const ToCodePageReference heldModules[] = {ToCodePageReference("CP850"),
@@ -71,7 +71,7 @@ TEST(ConversionsWithoutMemory, FromWideTextThrowOrGiveZeros) {
 }
 
 TEST(ConversionsWithoutMemory, OfBase64ThrowOrGiveEmptyText) {
-    QUAVERA_SKIP_WITHOUT_MALLOC_FAILURE();
+    QUAVERA_SKIP_WITHOUT_ALLOCATION_FAILURE();
     const std::string data = kLongUtf8 + '\xFF';
     const std::string text = base64EncodeString(data);
     const std::wstring zeros(4 * data.size(), L'\0');

@@ -483,4 +483,32 @@ TEST(Conversions, AreReentrant) {
     EXPECT_EQ(wrong, (std::array<int, kThreads>{}));
 }
 
+TEST(Conversions, TakeTextsOfTenMillionBytes) {
+    constexpr std::size_t kSize = 10000000;
+    const std::string utf8(kSize, 'x');
+    const std::wstring wide(kSize, L'x');
+    EXPECT_TRUE(convertFromUtf8(utf8) == wide);
+    EXPECT_TRUE(convertToUtf8(wide) == utf8);
+    EXPECT_TRUE(convertToCP850(wide) == utf8);
+    EXPECT_TRUE(base64DecodeString(base64EncodeString(utf8)) == utf8);
+    EXPECT_TRUE(DecodeAndConvertFromUtf8(base64EncodeString(utf8)) == wide);
+    EXPECT_EQ(HexStringToChar(utf8), '\0');
+}
+
+TEST(Conversions, FindAFaultAtTheEndOfALargeText) {
+    constexpr std::size_t kSize = 1000000;
+    std::string utf8(kSize, 'x');
+    std::wstring wide(kSize, L'x');
+    utf8.back() = '\xFF';
+    wide.back() = static_cast<wchar_t>(0xD800);
+    std::wstring cutWide(kSize - 1, L'x');
+    cutWide.resize(4 * kSize);
+    EXPECT_TRUE(convertFromUtf8(utf8) == cutWide);
+    EXPECT_TRUE(DecodeAndConvertFromUtf8(base64EncodeString(utf8)) == cutWide);
+    std::string cutUtf8(kSize - 1, 'x');
+    cutUtf8.resize(4 * kSize);
+    EXPECT_TRUE(convertToUtf8(wide) == cutUtf8);
+    EXPECT_TRUE(convertToCP850(wide) == cutUtf8);
+}
+
 }  // namespace

@@ -124,6 +124,20 @@ TEST(DefaultAssertHandler, KeepsTheLineNumberBehindALongPath) {
     EXPECT_NE(text.find(":4711\n"), std::string::npos) << text;
 }
 
+TEST(DefaultAssertHandler, ReturnsWhereNothingCanBeWritten) {
+    const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
+    ASSERT_GE(full, 0);
+    const HandlerGuard guard(nullptr);
+    const int saved = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
+    dup2(full, STDERR_FILENO);
+    zq::AssertWrite("common/Some.cpp", 4711, zq::StackTrace());
+    const bool isFull = write(STDERR_FILENO, "", 1) < 0;
+    dup2(saved, STDERR_FILENO);
+    close(saved);
+    close(full);
+    EXPECT_TRUE(isFull);
+}
+
 TEST(StackTrace, WritesOneLineForEachAddress) {
     const zq::StackTrace trace;
     const std::string text = Written([&trace](int descriptor) { trace.Write(descriptor); });

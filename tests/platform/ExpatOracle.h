@@ -3,6 +3,8 @@
 
 #include <expat.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,8 +17,10 @@
 struct ExpatVerdict {
     bool isWellFormed = false;
     bool hasDoctype = false;
-    std::string encoding;    // as declared; empty where none is
-    unsigned long line = 0;  // of the error
+    std::size_t depth = 0;        // the most elements that were open at once
+    std::string version = "1.0";  // as declared
+    std::string encoding;         // as declared; empty where none is
+    unsigned long line = 0;       // of the error
     unsigned long column = 0;
     std::string rootName;
     std::string tree;  // in the form of `TreeText`
@@ -60,6 +64,7 @@ class ExpatOracle {
             oracle->open_.back().children += ' ';
         }
         oracle->open_.push_back({name, {}, false, {}});
+        oracle->verdict_.depth = std::max(oracle->verdict_.depth, oracle->open_.size());
         for (; *attributes != nullptr; attributes += 2) {
             const std::string attribute = attributes[0];
             const std::string value = attributes[1];
@@ -86,9 +91,11 @@ class ExpatOracle {
         }
     }
 
-    static void OnDeclaration(void* self, const char* /*version*/, const char* encoding,
+    static void OnDeclaration(void* self, const char* version, const char* encoding,
                               int /*standalone*/) {
-        static_cast<ExpatOracle*>(self)->verdict_.encoding = encoding == nullptr ? "" : encoding;
+        ExpatVerdict& verdict = static_cast<ExpatOracle*>(self)->verdict_;
+        verdict.version = version;
+        verdict.encoding = encoding == nullptr ? "" : encoding;
     }
 
     static void OnDoctype(void* self, const char* /*name*/, const char* /*system*/,

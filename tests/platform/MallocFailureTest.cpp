@@ -1,4 +1,4 @@
-#include "tests/support/MallocFailure.h"
+#include "tests/support/AllocationFailure.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ using Tree = zq::auto_com<ZQXML::INode>;
 
 class MallocFailure : public testing::Test {
  protected:
-    void SetUp() override { QUAVERA_SKIP_WITHOUT_MALLOC_FAILURE(); }
+    void SetUp() override { QUAVERA_SKIP_WITHOUT_ALLOCATION_FAILURE(); }
 };
 
 TEST_F(MallocFailure, ReachesTheWholeFamily) {

@@ -1,13 +1,20 @@
 #include "platform/XmlNode.h"
 
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <limits>
+#include <new>
 #include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "platform/NameHash.h"
 #include "platform/ToString.h"
 #include "platform/XmlText.h"
 #include "tests/support/EmptyNode.h"
@@ -229,16 +236,70 @@ TEST(AddChild, ManyDistinctNamesAreAllKept) {
     }
 }
 
-/// Names that a 32-bit FNV-1a hash, a common choice for tables of names, cannot tell apart.
-TEST(AddChild, NamesOfEqualHashStayApart) {
-    const Tree node = NewNode("costarring");
-    node->AddChild("liquid", 1);
-    node->AddChild("declinate", 2);
-    node->AddChild("macallums", 3);
-    EXPECT_EQ(TreeText(node.get()),
-              R"("costarring"=""("liquid"="1" "declinate"="2" "macallums"="3"))");
-    EXPECT_EQ(node->FindChild("costarring"), nullptr);
+/// Two names that the table of names cannot tell apart by their hash, whatever that is.
+std::pair<std::string, std::string> NamesOfEqualHash() {
+    Random random(20250301);
+    std::unordered_map<std::uint32_t, std::string> names;
+    for (;;) {  // of random hashes of 32 bits, some 80,000 hold two equal ones
+        const std::string name = random.Bytes(8);
+        const auto [known, isNew] = names.emplace(ZQXML::HashName(name), name);
+        if (!isNew && known->second != name) {
+            return {known->second, name};
+        }
+    }
 }
+
+TEST(AddChild, NamesOfEqualHashStayApart) {
+    const auto [first, second] = NamesOfEqualHash();
+    const Tree node = NewNode("parent");
+    for (const std::string& name : {first, second, first, first, second}) {
+        node->AddChild(name, name);
+    }
+    EXPECT_EQ(ChildNames(node.get()),
+              first + ' ' + second + ' ' + first + ' ' + first + ' ' + second + ' ');
+    for (ZQXML::INode* const child : Children(node.get())) {
+        EXPECT_EQ(child->GetName(), child->GetValue());
+    }
+}
+
+#if SIZE_MAX > UINT32_MAX  // no 32-bit machine has such a text
+
+/// One byte more than a name or a text may have, of memory that cannot be read.
+class UnreadableText {
+ public:
+    UnreadableText()
+        : place_(
+              mmap(nullptr, kSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {
+        EXPECT_NE(place_, MAP_FAILED);
+    }
+    UnreadableText(const UnreadableText&) = delete;
+    UnreadableText& operator=(const UnreadableText&) = delete;
+    ~UnreadableText() { munmap(place_, kSize); }
+
+    std::string_view View() const { return {static_cast<const char*>(place_), kSize}; }
+
+ private:
+    static constexpr std::size_t kSize = std::size_t{1} << 32;
+
+    void* place_;
+};
+
+TEST(TooLargeText, ThrowsUnreadAndChangesNothing) {
+    const UnreadableText large;
+    const Tree node = NewNode("parent", "text");
+    node->AddChild("child", 1);
+    const std::string before = TreeText(node.get());
+    EXPECT_THROW(node->AddText("n", large.View()), std::bad_alloc);
+    EXPECT_THROW(node->AddText(large.View(), "t"), std::bad_alloc);
+    EXPECT_THROW(node->AddEncoded("n", large.View()), std::bad_alloc);
+    EXPECT_THROW(node->AddEncoded(large.View(), "t"), std::bad_alloc);
+    EXPECT_THROW(node->AddNumber(large.View(), 1), std::bad_alloc);
+    EXPECT_THROW(node->AddCString(large.View(), "t"), std::bad_alloc);
+    EXPECT_THROW(node->CreateNode(large.View()), std::bad_alloc);
+    EXPECT_EQ(TreeText(node.get()), before);
+}
+
+#endif
 
 TEST(AddChildEncoded, KeepsTheTextAndMarksTheElement) {
     const Tree node = NewNode("parent");

@@ -343,7 +343,8 @@ TEST(ParseXml, RefusesOtherVersions) {
 
 /// The declaration is well-formed here: the reason is the version.
 TEST(ParseXml, NamesTheVersionAsTheReason) {
-    EXPECT_TRUE(IsError(Error("<?xml version='2.0'?><a/>"), Place(1, 1), "version"));
+    EXPECT_TRUE(
+        IsError(Error("<?xml version='2.0'?><a/>"), Place(1, 1), "XML version other than 1.0"));
 }
 
 TEST(ParseXml, RefusesOtherDeclaredEncodings) {
@@ -453,6 +454,8 @@ TEST(ParseXml, LeavesOfEachFormAreALevel) {
 TEST(ParseXml, DepthIsThatOfOpenElements) {
     const std::string leaf = Repeated("<b><c/></b>", ZQXML::kMaxXmlDepth);
     EXPECT_TRUE(ZQXML::ParseXml("<a>" + leaf + "</a>"));
+    const std::string leaves = Repeated("<c/>", ZQXML::kMaxXmlDepth);
+    EXPECT_TRUE(ZQXML::ParseXml("<a><b><!-- left to expat -->" + leaves + "</b></a>"));
 }
 
 /// A text of `head` and then blanks, of any size, that takes hardly any memory: all of its pages

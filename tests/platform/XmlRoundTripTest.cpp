@@ -564,6 +564,20 @@ TEST(MarkedElements, KeepTextsOfAnyOtherFormAsTheyStand) {
     }
 }
 
+/// What is read after it comes to lie beside it: long texts have memory of their own.
+TEST(MarkedElements, KeepLongTextsOfAnyOtherFormAsTheyStand) {
+    for (const std::size_t size : {100U, 4000U, 5000U, 20000U}) {
+        std::string text(size, 'Z');
+        text.insert(size / 2, " ");
+        const std::string others = "<A>first</A><B>second</B>" + MarkedElement("Zm9v");
+        const std::string document = "<R>" + MarkedElement(text) + others + "</R>";
+        const Tree tree = ZQXML::ParseXml(document);
+        ASSERT_TRUE(tree) << size;
+        EXPECT_EQ(tree->FindChild("T")->GetValue(), text);
+        EXPECT_EQ(ZQXML::WriteXml(tree.get()), document);
+    }
+}
+
 // --- Single bytes in a plain text ----------------------------------------------------------------
 
 /// Plain characters are read many at a time: any byte has to show at any place among them.

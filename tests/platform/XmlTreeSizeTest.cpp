@@ -12,7 +12,8 @@
 #include "platform/XmlText.h"
 #include "tests/support/EmptyNode.h"
 
-// Trees of a million elements, deep and wide, on a stack that no recursion over them would fit.
+// Trees of a million elements, deep and wide, and of large names and texts, on a stack that no
+// recursion over them would fit.
 // That none of this takes time that grows with the square of the size is held by the test's time
 // limit.
 
@@ -269,6 +270,69 @@ TEST(WideTree, AppendedToWhileItGrows) {
             root = std::move(parent);
         }
         EXPECT_EQ(root->GetName(), "p");
+    });
+}
+
+// What takes as many bytes as it likes.
+
+constexpr std::size_t kLargeName = 50000;
+constexpr std::size_t kLargeText = 10000000;
+
+/// Adds a child of each form with a large name, and a large text where it takes one.
+void AddLargeParts(ZQXML::INode* node, const std::string& text) {
+    const std::string name(kLargeName, 'n');
+    node->AddChild(name + 'a', text);
+    node->AddChild(name + 'b', text.c_str());
+    node->AddChild(name + 'c', -1);
+    node->AddChildEncoded(name + 'd', text);
+    node->AddEncoded(name + 'e', text);
+    const Tree inner = node->CreateNode(name + 'f');
+    inner->Initialize(name + 'f', text);
+    node->AppendChild(inner.get());
+}
+
+void ExpectLargeParts(ZQXML::INode* node, const std::string& text) {
+    const std::string name(kLargeName, 'n');
+    for (const char last : {'a', 'b', 'd', 'f'}) {
+        ZQXML::INode* const child = node->FindChild(name + last);
+        ASSERT_NE(child, nullptr) << last;
+        EXPECT_TRUE(child->GetName() == name + last) << last;
+        EXPECT_TRUE(child->GetValue() == text) << last;
+    }
+    ASSERT_NE(node->FindChild(name + 'c'), nullptr);
+    EXPECT_EQ(node->FindChild(name + 'c')->GetValueInt(), -1);
+    ASSERT_NE(node->FindChild(name + 'e'), nullptr);
+    EXPECT_TRUE(node->FindChild(name + 'e')->GetValueDecoded() == text);
+    EXPECT_EQ(node->FindChild(name), nullptr);
+}
+
+TEST(LargeParts, AreKeptWrittenAndRead) {
+    RunOnSmallStack([] {
+        for (const char* const piece : {"x", "&", "\xC3\xA9"}) {
+            std::string text;
+            while (text.size() < kLargeText / 3) {
+                text += piece;
+            }
+            const Tree root = NewNode("root");
+            AddLargeParts(root.get(), text);
+            ExpectLargeParts(root.get(), text);
+            const Tree read = ZQXML::ParseXml(ZQXML::WriteXml(root.get(), true));
+            ASSERT_TRUE(read);
+            ExpectLargeParts(read.get(), text);
+        }
+    });
+}
+
+TEST(LargeParts, OfTenMillionBytesAreKeptWrittenAndRead) {
+    RunOnSmallStack([] {
+        const std::string text(kLargeText, 'x');
+        const Tree root = NewNode("root");
+        root->AddChild("plain", text);
+        root->AddEncoded("encoded", text);
+        const Tree read = ZQXML::ParseXml(ZQXML::WriteXml(root.get()));
+        ASSERT_TRUE(read);
+        EXPECT_TRUE(read->FindChild("plain")->GetValue() == text);
+        EXPECT_TRUE(read->FindChild("encoded")->GetValueDecoded() == text);
     });
 }
 

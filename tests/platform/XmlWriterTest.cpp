@@ -8,6 +8,7 @@
 
 #include "platform/XmlText.h"
 #include "tests/platform/ExpatOracle.h"
+#include "tests/support/EmptyNode.h"
 #include "tests/support/FakeNode.h"
 #include "tests/support/Random.h"
 #include "tests/support/StrictNode.h"
@@ -238,6 +239,19 @@ TEST(WriteXml, WritesNodesOfAnotherImplementation) {
               "<marked encoding=\"base64\">Zm9v</marked>");
 }
 
+/// A node that shows nothing in place, but knows its mark.
+class MarkedNode : public EmptyNode {
+ public:
+    std::string GetName() override { return "marked"; }
+    std::string GetValue() override { return "Zm9v"; }
+    bool IsEncoded() override { return true; }
+};
+
+TEST(WriteXml, MarksNodesOfAnotherImplementationThatKnowMarks) {
+    MarkedNode node;
+    EXPECT_EQ(ZQXML::WriteXml(&node), "<marked encoding=\"base64\">Zm9v</marked>");
+}
+
 TEST(WriteXml, WritesEveryCharacterAsXmlAllows) {
     std::string text;
     std::string expected;
@@ -429,6 +443,18 @@ void CompareNameCharacters(char32_t first, char32_t last, char32_t step) {
             const bool canStand = verdict.isWellFormed && verdict.rootName == name;
             ASSERT_EQ(WrittenName(name), canStand ? name : prefix + '_') << std::hex << code;
         }
+    }
+}
+
+/// Names that no arena holds: there is room for them all the same.
+TEST(WriteXmlNames, OfAnotherImplementationAreWrittenWhole) {
+    for (const std::size_t size : {1U, 20U, 500U, 5000U, 100000U}) {
+        const std::string name(size, 'n');
+        const zq::auto_com<FakeNode> root = FakeNode::Create(name, "text");
+        root->AddChild(name, "");
+        std::string expected = "<" + name;
+        expected.append(">text<").append(name).append("/></").append(name).append(">");
+        EXPECT_EQ(ZQXML::WriteXml(root.get()), expected);
     }
 }
 

@@ -177,7 +177,7 @@ TEST_F(ChildReaderTest, RowsOfOtherNamesDoNotTouchTheChild) {
     ChildReader child(Node());
     ASSERT_TRUE(child.Next());
     for (const char* name : {"name", "Nam", "Names", "", "NAME"}) {
-        child.Plain(name, field);
+        child.Plain(std::string_view(name), field);
     }
     EXPECT_EQ(field, "kept");
     EXPECT_EQ(TakeCalls(), "1.GetChildren()\n1.First()\n2.GetName()\n");

@@ -65,6 +65,15 @@ long LiveBlocks() {
     return countdown.live;
 }
 
+void AddSites(std::size_t count) {
+    static const testing::TestInfo* latest = nullptr;
+    static std::size_t sum = 0;
+    const testing::TestInfo* const test = testing::UnitTest::GetInstance()->current_test_info();
+    sum = (test == latest ? sum : 0) + count;
+    latest = test;
+    testing::Test::RecordProperty("sites", std::to_string(sum));
+}
+
 }  // namespace allocation
 
 #endif  // QUAVERA_TESTS_SUPPORT_ALLOCATION_COUNTDOWN_H_

@@ -11,8 +11,9 @@
 /// Makes allocations fail on demand, to see what the code under test does then.
 ///
 /// A test program links one of two sources. AllocationFailure.cpp replaces `operator new`, which
-/// reaches C++ code; MallocFailure.cpp replaces `malloc`, which reaches the C libraries too. All
-/// counts are those of the calling thread.
+/// reaches C++ code; MallocFailure.cpp replaces `malloc` and its relatives, which reaches the C
+/// libraries too. A sanitizer has a `malloc` of its own that must stay: tests that a program with
+/// the latter has are skipped there. All counts are those of the calling thread.
 namespace allocation {
 
 enum class Mode { kOnce, kFromThereOn };
@@ -21,6 +22,12 @@ inline constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
 
 /// Whether this program's allocations can be made to fail; false for `malloc` under a sanitizer.
 bool IsAvailable();
+#define QUAVERA_SKIP_WITHOUT_ALLOCATION_FAILURE()                      \
+    do {                                                               \
+        if (!allocation::IsAvailable()) {                              \
+            GTEST_SKIP() << "malloc cannot be replaced in this build"; \
+        }                                                              \
+    } while (false)
 
 /// From now on allocations are counted, and the one with this index (0 is the next one) fails.
 void Arm(std::size_t index, Mode mode);
@@ -91,6 +98,9 @@ class Attempt {
     std::size_t tried_ = 0;
 };
 
+/// Notes, in the test's report, how many failures its sweeps have gone over so far.
+void AddSites(std::size_t count);
+
 /// Calls `body(attempt)` with the n-th allocation failing, for n = 0, 1, ... until none is left to
 /// fail, first each alone, then each with all after it. The body prepares, calls `attempt.Run`
 /// once with the work under test, checks what is left, and drops everything.
@@ -105,6 +115,7 @@ testing::AssertionResult Sweep(std::size_t minimumSites, Body body) {
                << "allocation " << index << " failing "
                << (mode == Mode::kOnce ? "once" : "from there on") << ": ";
     };
+    std::size_t sites = 0;
     // Without failure at first: what is allocated once for the whole program is no loss.
     Attempt rehearsal(kNever, Mode::kOnce);
     body(rehearsal);
@@ -128,11 +139,13 @@ testing::AssertionResult Sweep(std::size_t minimumSites, Body body) {
                 }
                 break;
             }
+            ++sites;
             if (index == kMostSites) {
                 return fail(index, mode) << "no end";
             }
         }
     }
+    AddSites(sites);
     return testing::AssertionSuccess();
 }
 

@@ -1,4 +1,4 @@
-#include "tests/support/MallocFailure.h"
+#include "tests/support/AllocationFailure.h"
 
 #include <cerrno>
 #include <cstdlib>
