@@ -8,6 +8,7 @@ namespace tool {
 namespace {
 
 constexpr int kHighestPort = 65535;
+constexpr int kMostSeconds = 24 * 60 * 60;
 constexpr std::size_t kLongestAddress = 1000;
 
 }  // namespace
@@ -25,13 +26,20 @@ std::string CheckCode(const std::string& text) {
     return ParseDecimal(text) ? "" : "code: \"" + text + "\" is no number";
 }
 
+std::string CheckSeconds(const std::string& text) {
+    const int seconds = ParseDecimal(text).value_or(0);
+    return seconds > 0 && seconds <= kMostSeconds
+               ? ""
+               : "\"" + text + "\" is no number of seconds from 1 to " +
+                     std::to_string(kMostSeconds);
+}
+
 std::string CheckPort(const std::string& text) {
     const int port = ParseDecimal(text).value_or(-1);
     return port >= 0 && port <= kHighestPort ? "" : "\"" + text + "\" is no port";
 }
 
-// gSOAP takes any text: it reduces a port modulo 65536, and sends to standard output where there is
-// no host.
+// Ahead of any connection, as wrong usage.
 std::string CheckHttpAddress(const std::string& text) {
     static const std::regex address(
         R"(http://([^/?#@\s]*@)?(\[[0-9A-Fa-f:.]+\]|[^/?#@:\[\]\s]+)(:([0-9]{1,5}))?([/?#]\S*)?)");

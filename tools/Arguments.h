@@ -11,6 +11,7 @@ std::optional<int> ParseDecimal(const std::string& text);
 
 // What CLI11 calls for an argument: the reason why it is wrong, empty if it is right.
 std::string CheckCode(const std::string& text);
+std::string CheckSeconds(const std::string& text);
 std::string CheckPort(const std::string& text);
 std::string CheckHttpAddress(const std::string& text);
 

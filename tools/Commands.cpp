@@ -1,22 +1,37 @@
 #include "tools/Commands.h"
 
+#include <pthread.h>
 #include <sys/stat.h>
-#include <csignal>
 
-#include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
+#include <ctime>
 #include <utility>
 #include <vector>
 
 #include "tools/Files.h"
-#include "tools/Service.h"
 #include "tools/StandIn.h"
 
 namespace tool {
 namespace {
 
-std::atomic<bool> stopServing = false;
+/// The signals that end a server.
+sigset_t EndSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    return signals;
+}
+
+/// Waits for one of them, which this thread and those that it has started do not take otherwise.
+void ServeUntilTold(StandIn* service, const sigset_t& signals) {
+    const timespec second = {1, 0};
+    while (sigtimedwait(&signals, nullptr, &second) < 0) {
+        service->server()->EndOldConnections();
+    }
+}
 
 Result<Done> CheckFolder(const std::string& path) {
     struct stat status {};
@@ -73,9 +88,10 @@ Result<std::string> PrintText(const std::string& xml, const std::string& where,
     return record ? (*record)->toText(std::move(*tree)) : Result<std::string>(record.failure());
 }
 
-Result<std::string> Fetch(const RecordClass& record, const std::string& endpoint,
-                          const std::string& id, Form form) {
-    const Result<std::string> answer = Ask(record, endpoint, id);
+Result<std::string> Fetch(const Service& service, const RecordClass& record, const std::string& id,
+                          Form form) {
+    const std::string& endpoint = service.endpoint;
+    const Result<std::string> answer = Ask(service, record, id);
     if (!answer) {
         return answer.failure();
     }
@@ -98,15 +114,14 @@ Result<Done> Serve(const std::string& host, int port, const std::string& folder)
         return usable.failure();
     }
     StandIn service(folder.empty() ? Catalog() : Catalog(folder));
-    // Ahead of the line below: whoever reads it may end this process at once.
-    const auto stop = [](int /*signal*/) { stopServing = true; };
-    std::signal(SIGINT, stop);
-    std::signal(SIGTERM, stop);
-    const Result<Done> listening = service.Listen(host, port);
+    // Ahead of the line that is printed: whoever reads it may end this process at once.
+    const sigset_t signals = EndSignals();
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    const Result<Done> started = service.Start(host, port);
     Result<Done> announced =
-        listening ? WriteOutput("listening on " + service.Endpoint() + "\n") : listening;
+        started ? WriteOutput("listening on " + service.server()->Endpoint() + "\n") : started;
     if (announced) {
-        service.Serve(stopServing);
+        ServeUntilTold(&service, signals);
     }
     return announced;
 }

@@ -5,6 +5,7 @@
 
 #include "tools/RecordClasses.h"
 #include "tools/Result.h"
+#include "tools/Service.h"
 
 namespace tool {
 
@@ -22,8 +23,8 @@ Result<std::string> PrintText(const std::string& xml, const std::string& where,
                               const RecordClass* chosen);
 
 /// What a live service answers when it is asked for a record of the class.
-Result<std::string> Fetch(const RecordClass& record, const std::string& endpoint,
-                          const std::string& id, Form form);
+Result<std::string> Fetch(const Service& service, const RecordClass& record, const std::string& id,
+                          Form form);
 
 /// Serves from a catalogue until the process is told to end.
 Result<Done> Serve(const std::string& host, int port, const std::string& folder);

@@ -2,12 +2,10 @@
 #include <unistd.h>
 
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <thread>
 #include <utility>
 
 #include "tools/Commands.h"
@@ -63,32 +61,14 @@ Result<Receiver> StartReceiver() {
     return Receiver{process, std::move(trees)};
 }
 
-/// Lets a service serve for as long as the object lives.
-class ServiceThread {
- public:
-    explicit ServiceThread(StandIn* service)
-        : thread_([this, service] { service->Serve(stop_); }) {}
-    ServiceThread(const ServiceThread&) = delete;
-    ServiceThread& operator=(const ServiceThread&) = delete;
-    ~ServiceThread() {
-        stop_ = true;
-        thread_.join();
-    }
-
- private:
-    std::atomic<bool> stop_ = false;
-    std::thread thread_;  // last: it uses the flag
-};
-
 /// Asks a stand-in service, on a free port of this machine, for the demonstration's record.
 Result<std::string> FetchTree() {
     StandIn service{Catalog()};
-    const Result<Done> listening = service.Listen("127.0.0.1", 0);
-    if (!listening) {
-        return listening.failure();
+    const Result<Done> started = service.Start("127.0.0.1", 0);
+    if (!started) {
+        return started.failure();
     }
-    const ServiceThread thread(&service);
-    return Fetch(*FindClass(&RecordClass::kind, kKind), service.Endpoint(), kId,
+    return Fetch({service.server()->Endpoint()}, *FindClass(&RecordClass::kind, kKind), kId,
                  Form::kIndentedTree);
 }
 

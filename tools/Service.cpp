@@ -1,41 +1,63 @@
 #include "tools/Service.h"
 
+#include <new>
+#include <sstream>
+#include <string_view>
+
+#include "tools/HttpClient.h"
+#include "tools/SoapContext.h"
+
 namespace tool {
 namespace {
 
-/// Reads an answer's body as it comes. The generated receiver would read an empty body as an empty
-/// record and pass over malformed XML.
-Result<std::string> ReadBody(struct soap* soap, const std::string& endpoint) {
-    const bool isChunked = (soap->mode & SOAP_IO) == SOAP_IO_CHUNK;
-    if (soap->length == 0 && !isChunked) {
-        // Of unknown length: it ends with the connection.
-        std::string body;
-        for (soap_wchar byte = soap_getchar(soap); byte != EOF; byte = soap_getchar(soap)) {
-            body.push_back(static_cast<char>(byte));
+constexpr long kFirstError = 400;
+constexpr long kFirstSuccess = 200;
+constexpr long kFirstRedirection = 300;
+
+/// The request's envelope, by the generated client.
+std::string RequestFor(const RecordClass& record, const std::string& id) {
+    SoapContext context;
+    std::ostringstream request;
+    struct soap* const soap = context.get();
+    soap->os = &request;
+    soap_set_omode(soap, SOAP_ENC_PLAIN);  // no head of HTTP
+    if (record.send(soap, "", nullptr, id) != SOAP_OK) {
+        throw std::bad_alloc();  // to a stream, nothing else can fail
+    }
+    return request.str();
+}
+
+bool IsXml(const std::string& contentType) {
+    for (const std::string_view type : {"text/xml", "application/soap+xml", "application/xml"}) {
+        if (contentType.compare(0, type.size(), type) == 0) {
+            return true;
         }
-        return body;
     }
-    std::size_t size = 0;
-    const char* const text = soap_http_get_body(soap, &size);
-    if (text == nullptr) {
-        return Failure{endpoint, DescribeTransportError(soap)};
-    }
-    soap_end_recv(soap);
-    return std::string(text, size);
+    return false;
+}
+
+/// Faults come with a status of failure.
+bool IsSoap(const HttpReply& reply) {
+    const bool isSuccess = reply.status >= kFirstSuccess && reply.status < kFirstRedirection;
+    return isSuccess || (reply.status >= kFirstError && IsXml(reply.contentType));
 }
 
 }  // namespace
 
-Result<std::string> Ask(const RecordClass& record, const std::string& endpoint,
-                        const std::string& id) {
-    SoapContext context;
-    struct soap* const soap = context.get();
-    const bool isAnswered = record.send(soap, endpoint.c_str(), nullptr, id) == SOAP_OK &&
-                            soap_begin_recv(soap) == SOAP_OK;
-    Result<std::string> answer =
-        isAnswered ? ReadBody(soap, endpoint) : Failure{endpoint, DescribeTransportError(soap)};
-    soap_closesock(soap);
-    return answer;
+Result<std::string> Ask(const Service& service, const RecordClass& record, const std::string& id) {
+    Result<HttpReply> reply = Post(
+        {service.endpoint, "text/xml; charset=utf-8", "", RequestFor(record, id), service.seconds});
+    if (!reply) {
+        return reply.failure();
+    }
+    if (!IsSoap(*reply)) {
+        return Failure{service.endpoint, "HTTP status " + std::to_string(reply->status)};
+    }
+    if (reply->body.empty()) {
+        return Failure{service.endpoint,
+                       "an empty answer with HTTP status " + std::to_string(reply->status)};
+    }
+    return std::move(reply->body);
 }
 
 }  // namespace tool

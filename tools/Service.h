@@ -8,11 +8,16 @@
 
 namespace tool {
 
-/// Asks a live service for a record of the class, which has a request, and returns the text of its
-/// answer, a fault included: it is checked like any document. A service that cannot be reached, or
-/// answers with something else than SOAP, is a failure.
-Result<std::string> Ask(const RecordClass& record, const std::string& endpoint,
-                        const std::string& id);
+/// A live service.
+struct Service {
+    std::string endpoint;
+    int seconds = 60;  // to wait for an answer, to its last byte
+};
+
+/// Asks for a record of the class, which has a request, and returns the text of the answer, a fault
+/// included: it is checked like any document. A service that cannot be reached, or answers with
+/// something else than SOAP, is a failure.
+Result<std::string> Ask(const Service& service, const RecordClass& record, const std::string& id);
 
 }  // namespace tool
 

@@ -1,11 +1,7 @@
 #include "tools/StandIn.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <sstream>
+#include <string_view>
 #include <utility>
 
 #include "tools/RecordClasses.h"
@@ -14,34 +10,19 @@
 namespace tool {
 namespace {
 
-constexpr int kBacklog = 16;
-// A request holds an identifier. gSOAP takes long over much larger hostile ones.
-constexpr std::size_t kLongestRequest = std::size_t{64} * 1024;
 constexpr char kMalformed[] = "malformed request";
-constexpr int kSecondsForRequest = 5;
-constexpr int kMicrosecondsBetweenChecks = 100000;
+constexpr unsigned kOk = 200;
+constexpr unsigned kBadRequest = 400;
+constexpr unsigned kMethodNotAllowed = 405;
+constexpr unsigned kTooLong = 413;
+constexpr unsigned kServerError = 500;
 
-int BoundPort(SOAP_SOCKET socket) {
-    sockaddr_storage address{};
-    socklen_t size = sizeof(address);
-    if (getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size) != 0) {
-        return 0;
-    }
-    // The port stands at the same place in both families' addresses.
-    return ntohs(reinterpret_cast<const sockaddr_in&>(address).sin_port);
-}
-
-Result<std::string> ReadBody(struct soap* soap) {
-    if (soap->length > kLongestRequest) {
-        return Failure{kMalformed, "too long"};
-    }
-    std::size_t size = 0;
-    const char* const text = soap_http_get_body(soap, &size);
-    if (text == nullptr || soap_end_recv(soap) != SOAP_OK) {
-        return Failure{kMalformed, DescribeTransportError(soap)};
-    }
-    return std::string(text, size);
-}
+/// What the entry points need beside the request.
+struct Source {
+    const Catalog& catalog;
+    SoapVersion version;  // of the request
+    SoapContext reader;   // holds what an answer points to until it is written
+};
 
 /// Opens a document of the catalogue, which has to hold what requests of the kind are answered
 /// with.
@@ -54,108 +35,114 @@ Result<SoapDocument> OpenAnswer(const std::string& text, const char* kind) {
     return document;
 }
 
-/// Writes the fault that the context holds.
-bool PutFault(struct soap* soap) {
-    return soap_envelope_begin_out(soap) == SOAP_OK && soap_body_begin_out(soap) == SOAP_OK &&
-           soap_putfault(soap) == SOAP_OK && soap_body_end_out(soap) == SOAP_OK &&
-           soap_envelope_end_out(soap) == SOAP_OK;
+void SetVersion(SoapVersion version, struct soap* soap) {
+    soap_set_version(soap, version == SoapVersion::k12 ? 2 : 1);
 }
 
-/// Answers with the fault that the context holds. soap_send_fault() does not when the caller has
-/// said that it sends no more.
-void SendFault(struct soap* soap) {
-    const int status = soap->error;
-    soap->keep_alive = 0;
-    soap_set_fault(soap);
-    soap_serializefault(soap);
-    soap_begin_count(soap);
-    if ((soap->mode & SOAP_IO_LENGTH) != 0) {
-        PutFault(soap);
-    }
-    if (soap_end_count(soap) == SOAP_OK && soap_response(soap, status) == SOAP_OK &&
-        PutFault(soap)) {
-        soap_end_send(soap);
-    }
-    soap_closesock(soap);
-}
-
-}  // namespace
-
-StandIn::StandIn(Catalog catalog) : catalog_(std::move(catalog)) {
-    struct soap* const soap = server_.get();
-    soap->user = this;
-    soap->bind_flags = SO_REUSEADDR;
-    soap->accept_timeout = -kMicrosecondsBetweenChecks;  // gSOAP: negative values are microseconds
-    soap->recv_timeout = kSecondsForRequest;
-    soap->send_timeout = kSecondsForRequest;
-    soap->transfer_timeout = kSecondsForRequest;
-    soap->recv_maxlength = kLongestRequest;
-}
-
-Result<Done> StandIn::Listen(const std::string& host, int port) {
-    struct soap* const soap = server_.get();
-    if (!soap_valid_socket(soap_bind(soap, host.c_str(), port, kBacklog))) {
-        return Failure{host + ":" + std::to_string(port), DescribeTransportError(soap)};
-    }
-    const bool isIpv6 = host.find(':') != std::string::npos;
-    endpoint_ = "http://" + (isIpv6 ? "[" + host + "]" : host) + ":" +
-                std::to_string(BoundPort(soap->master));
-    return Done();
-}
-
-/// Answers the request of the connection that was just accepted.
-void StandIn::ServeRequest(struct soap* soap) {
-    // The request is taken as it comes and checked first: gSOAP reads on over malformed XML, and
-    // leaves a request that is cut off without an answer.
-    if (soap_begin_recv(soap) != SOAP_OK) {
-        SendFault(soap);
-        return;
-    }
-    const Result<std::string> request = ReadBody(soap);
-    const Result<Tree> tree = request ? ParseTree(*request, kMalformed) : request.failure();
-    if (!tree) {
-        soap_set_version(soap, 1);
-        soap_sender_fault(soap, Message(tree.failure()).c_str(), nullptr);
-        SendFault(soap);
-        return;
-    }
-    std::istringstream stream(*request);
-    soap->is = &stream;
-    if (soap_begin_serve(soap) == SOAP_OK && Quavera::soap_serve_request(soap) != SOAP_OK) {
-        SendFault(soap);
-    }
-    soap->is = nullptr;
-}
-
-void StandIn::Serve(const std::atomic<bool>& stop) {
-    struct soap* const soap = server_.get();
-    while (!stop) {
-        if (soap_valid_socket(soap_accept(soap))) {
-            ServeRequest(soap);
-            // Whatever the request was, it has been answered; the next one starts afresh.
-            server_.Clear();
-            reader_.Clear();
-        } else if (soap->errnum != 0) {
-            // Not for want of callers: out of descriptors, for example, which may pass.
-            usleep(kMicrosecondsBetweenChecks);
-        }
-    }
-}
-
+/// Answers the request of a kind ("album") that the context holds. For the entry points.
 template <class Answer>
-int StandIn::Respond(struct soap* soap, const char* kind, const std::string& id, Answer& answer) {
-    auto* const self = static_cast<StandIn*>(soap->user);
-    const Result<std::string> text = self->catalog_.Find(kind, id);
+int Respond(struct soap* soap, const char* kind, const std::string& id, Answer& answer) {
+    auto* const source = static_cast<Source*>(soap->user);
+    // Not before: with a version, the context would have waited for the end of an envelope.
+    SetVersion(source->version, soap);
+    const Result<std::string> text = source->catalog.Find(kind, id);
     if (!text) {
         return soap_sender_fault(soap, Message(text.failure()).c_str(), nullptr);
     }
     const Result<SoapDocument> document = OpenAnswer(*text, kind);
     const Result<Done> decoded =
-        document ? document->Decode(&self->reader_, &answer) : document.failure();
+        document ? document->Decode(&source->reader, &answer) : document.failure();
     if (!decoded) {
         return soap_receiver_fault(soap, Message(decoded.failure()).c_str(), nullptr);
     }
     return SOAP_OK;
+}
+
+/// Lets a context write to a stream, without a head of HTTP.
+void WriteTo(std::ostringstream* stream, struct soap* soap) {
+    soap->os = stream;
+    soap_set_omode(soap, SOAP_ENC_PLAIN);
+}
+
+HttpAnswer AnswerWith(unsigned status, SoapVersion version, std::string body) {
+    const char* const type = version == SoapVersion::k12 ? "application/soap+xml" : "text/xml";
+    return {status, std::string(type) + "; charset=utf-8", "", std::move(body)};
+}
+
+/// Writes the fault that the context holds.
+bool PutFault(struct soap* soap) {
+    return soap_begin_send(soap) == SOAP_OK && soap_envelope_begin_out(soap) == SOAP_OK &&
+           soap_body_begin_out(soap) == SOAP_OK && soap_putfault(soap) == SOAP_OK &&
+           soap_body_end_out(soap) == SOAP_OK && soap_envelope_end_out(soap) == SOAP_OK &&
+           soap_end_send(soap) == SOAP_OK;
+}
+
+/// An answer with the fault that the context holds. SOAP 1.1 has one status for all of them.
+HttpAnswer FaultAnswer(struct soap* soap, SoapVersion version) {
+    std::ostringstream out;
+    WriteTo(&out, soap);
+    SetVersion(version, soap);
+    soap_set_fault(soap);
+    soap_serializefault(soap);
+    const char* const code = *soap_faultcode(soap);
+    const bool isSenders = code != nullptr && std::string_view(code) == "SOAP-ENV:Sender";
+    const bool isWritten = PutFault(soap);
+    return AnswerWith(isSenders ? kBadRequest : kServerError, version,
+                      isWritten ? out.str() : std::string());
+}
+
+/// An answer to what is no request of any version.
+HttpAnswer Refusal(const std::string& reason) {
+    SoapContext context;
+    SetVersion(SoapVersion::k11, context.get());
+    soap_sender_fault(context.get(), reason.c_str(), nullptr);
+    return FaultAnswer(context.get(), SoapVersion::k11);
+}
+
+HttpAnswer Refusal(unsigned status, const std::string& reason) {
+    HttpAnswer answer = Refusal(reason);
+    answer.status = status;
+    return answer;
+}
+
+HttpAnswer AnswerDocument(const Catalog& catalog, const SoapDocument& request) {
+    Source source{catalog, request.version(), {}};
+    SoapContext context;
+    struct soap* const soap = context.get();
+    soap->user = &source;
+    std::istringstream in;
+    std::ostringstream out;
+    WriteTo(&out, soap);
+    const bool isServed = request.Enter(soap, &in) && Quavera::soap_serve_request(soap) == SOAP_OK;
+    return isServed ? AnswerWith(kOk, request.version(), out.str())
+                    : FaultAnswer(soap, request.version());
+}
+
+HttpAnswer AnswerRequest(const Catalog& catalog, const HttpRequest& request) {
+    if (request.method != "POST") {
+        HttpAnswer answer = Refusal(kMethodNotAllowed, "requests come by POST");
+        answer.allow = "POST";
+        return answer;
+    }
+    if (request.isTooLong) {
+        return Refusal(kTooLong, std::string(kMalformed) + ": longer than " +
+                                     std::to_string(HttpServer::kLongestRequest) + " bytes");
+    }
+    if (request.body.empty()) {
+        return Refusal(std::string(kMalformed) + ": empty");
+    }
+    const Result<SoapDocument> document = SoapDocument::Open(request.body, kMalformed);
+    return document ? AnswerDocument(catalog, *document) : Refusal(Message(document.failure()));
+}
+
+}  // namespace
+
+StandIn::StandIn(Catalog catalog) : catalog_(std::move(catalog)) {}
+
+Result<Done> StandIn::Start(const std::string& host, int port) {
+    return server_.Start(host, port, [this](const HttpRequest& request) {
+        return AnswerRequest(catalog_, request);
+    });
 }
 
 namespace {
@@ -175,7 +162,7 @@ namespace Quavera {
 #define ONE(kind, request)                                                           \
     int Quavera2__##request(struct soap* soap, std::string id,                       \
                             decltype(tool::AnswerOf(Quavera2__##request))& answer) { \
-        return tool::StandIn::Respond(soap, #kind, id, answer);                      \
+        return tool::Respond(soap, #kind, id, answer);                               \
     }
 #define LIST(kind, request, List, items) ONE(kind, request)
 #include "records/Records.def"

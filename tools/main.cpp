@@ -31,6 +31,7 @@ struct Options {
     bool indent = false;
     bool tree = false;
     std::string endpoint;
+    std::string timeout = "60";
     std::string kind;
     std::string id;
     std::string host = "127.0.0.1";
@@ -106,6 +107,10 @@ void DeclareFetch(CLI::App* command, Options* options) {
         ->type_name("URL")
         ->check(tool::CheckHttpAddress)
         ->required();
+    command->add_option("--timeout", options->timeout, "Seconds to wait for the whole answer")
+        ->check(tool::CheckSeconds)
+        ->type_name("N")
+        ->capture_default_str();
     command->add_option("record", options->kind, "What to ask for")
         ->check(CLI::IsMember(kinds))
         ->type_name("RECORD")
@@ -116,8 +121,9 @@ void DeclareFetch(CLI::App* command, Options* options) {
 }
 
 Result<Done> RunFetch(const Options& options) {
-    return Print(tool::Fetch(*tool::FindClass(&RecordClass::kind, options.kind), options.endpoint,
-                             options.id, options.tree ? Form::kTree : Form::kText));
+    return Print(tool::Fetch({options.endpoint, *tool::ParseDecimal(options.timeout)},
+                             *tool::FindClass(&RecordClass::kind, options.kind), options.id,
+                             options.tree ? Form::kTree : Form::kText));
 }
 
 // --- serve

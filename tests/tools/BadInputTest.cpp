@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "platform/XmlText.h"
 #include "tests/tools/Files.h"
 #include "tests/tools/Process.h"
 
@@ -133,6 +135,13 @@ TEST(BadInput, UnreadableFileIsNamedWithTheReason) {
     }
 }
 
+TEST(BadInput, FileThatIsLongerThanAnyDocumentIsRefused) {
+    const tooltest::TempFolder folder;
+    const std::string path = folder.Add("long.xml", "");
+    std::filesystem::resize_file(path, ZQXML::kMaxXmlSize + 1);  // takes no room
+    EXPECT_TRUE(Refused(RunTool({"text", path}), kFailed, At(path, {"longer than any document"})));
+}
+
 TEST(BadInput, FullDeviceIsAnError) {
     const std::string soap = DataPath("DataTrackInfo/full.xml");
     const std::string tree = DataPath("DataTrackInfo/full.tree.xml");
@@ -157,6 +166,20 @@ TEST(BadInput, MessageHasNoControlCharacters) {
     for (const char* const control : {"\r", "\t", "\xC2\x9B"}) {
         EXPECT_EQ(outcome.errors.find(control), std::string::npos);
     }
+}
+
+// Of a character of two bytes, the second one would be the first that is cut off.
+TEST(BadInput, LongMessageIsCutBetweenCharacters) {
+    const std::string character = "\xC3\xA9";
+    std::string path = "x";
+    std::string expected = "quavera: x";
+    for (int count = 0; count < 1500; ++count) {
+        path += character;
+        expected += count < 999 ? character : "";
+    }
+    const tooltest::Outcome outcome = RunTool({"show", path});
+    EXPECT_EQ(outcome.status, kFailed);
+    EXPECT_EQ(outcome.errors, expected + "...\n");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <string>
@@ -57,6 +58,32 @@ TEST_F(Demo, TextIsReadableBeyondAscii) {
     EXPECT_TRUE(std::any_of(parts_.text.begin(), parts_.text.end(), [](char character) {
         return static_cast<unsigned char>(character) >= 0x80;
     })) << parts_.text;
+}
+
+/// As long as it lives, no process that this one starts writes files beyond a size.
+class FileSizeLimit {
+ public:
+    explicit FileSizeLimit(std::size_t size) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit = {size, before_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+ private:
+    rlimit before_{};
+};
+
+// There is room for the tree, which the first process prints, and for nothing more.
+TEST_F(Demo, FailsWhenTheSecondProcessDoes) {
+    const tooltest::TempFolder folder;
+    const std::string path = folder.Add("output", "");
+    const FileSizeLimit limit(parts_.tree.size());
+    EXPECT_TRUE(tooltest::Refused(tooltest::RunToolInto(path, {"demo"}), 1,
+                                  {"second process: it did not render the record"}));
+    EXPECT_EQ(tooltest::Contents(path), parts_.tree);
 }
 
 }  // namespace

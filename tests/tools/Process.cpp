@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,6 +41,17 @@ bool WaitForOutput(const Descriptor& first, const Descriptor& second) {
 bool IsReadable(const Descriptor& source) {
     pollfd polled = {source.get(), POLLIN, 0};
     return source.IsOpen() && poll(&polled, 1, 0) > 0;
+}
+
+/// Whether a process ends within some seconds.
+bool HasEnded(pid_t process) {
+    constexpr int kTries = 10000;
+    constexpr useconds_t kMicroseconds = 1000;
+    int tries = 0;
+    while (waitpid(process, nullptr, WNOHANG) == 0 && ++tries < kTries) {
+        usleep(kMicroseconds);
+    }
+    return tries < kTries;
 }
 
 /// Takes what can be read, and closes the source at its end.
@@ -107,10 +119,15 @@ Process::Process(const Arguments& arguments, int input, int output) {
     errors_ = std::move(errors.reader);
 }
 
+// As a service manager does it: told first, a server ends as it is meant to, and what it counts
+// where coverage is measured is written.
 Process::~Process() {
     if (process_ > 0) {
-        Signal(SIGKILL);
-        waitpid(process_, nullptr, 0);
+        Signal(SIGTERM);
+        if (!HasEnded(process_)) {
+            Signal(SIGKILL);
+            waitpid(process_, nullptr, 0);
+        }
     }
 }
 
@@ -139,7 +156,9 @@ Outcome Process::Finish() {
         Take(&errors_, &outcome_.errors);
     }
     int status = 0;
-    waitpid(std::exchange(process_, -1), &status, 0);
+    rusage used{};
+    wait4(std::exchange(process_, -1), &status, 0, &used);
+    outcome_.mostMemory = used.ru_maxrss;
     outcome_.status = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     return outcome_;
 }

@@ -18,6 +18,7 @@ struct Outcome {
     int status = 0;  // exit status; negative: the signal that ended it
     std::string output;
     std::string errors;
+    long mostMemory = 0;  // resident at its peak, in KiB
 };
 
 using Arguments = std::vector<std::string>;
@@ -34,6 +35,8 @@ class Process {
 
     /// What it writes next, up to a line break.
     std::string ReadLine();
+
+    pid_t Number() const { return process_; }
 
     void Signal(int number) const;
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/tools/Files.h"
+#include "tools/RecordClasses.h"
 
 namespace {
 
@@ -88,7 +89,8 @@ TEST(SoapDocument, FaultIsRefusedWithItsReason) {
               prefix + "reason");
     EXPECT_EQ(RecordElement("<Fault><Reason><Text>reason</Text></Reason></Fault>"),
               prefix + "reason");
-    for (const char* const fault : {"<Fault/>", "<Fault><Reason/></Fault>"}) {
+    for (const char* const fault : {"<Fault/>", "<Fault><Reason/></Fault>", "<Fault><a:/></Fault>",
+                                    "<Fault><a:1>reason</a:1></Fault>"}) {
         EXPECT_EQ(RecordElement(fault), prefix + "no reason given");
     }
 }
@@ -133,6 +135,20 @@ TEST(SoapDocument, ValueThatDoesNotFitIsRefusedWithItsElement) {
                   "there: element \"trackIndex\": a value that does not fit its type")
             << value;
     }
+}
+
+TEST(SoapDocument, ValueInAListThatDoesNotFitIsRefusedWithItsElement) {
+    const auto* const images = tool::FindClass(&tool::RecordClass::kind, "images");
+    ASSERT_NE(images, nullptr);
+    const auto document = SoapDocument::Open(
+        "<Images><images><items><height>1</height></items><items><height>high</height></items>"
+        "</images></Images>",
+        "there");
+    ASSERT_TRUE(document);
+    const auto trees = images->answerToTrees(*document);
+    ASSERT_FALSE(trees);
+    EXPECT_EQ(tool::Message(trees.failure()),
+              "there: element \"height\": a value that does not fit its type");
 }
 
 TEST(SoapDocument, IntegersFitUpToTheirLimits) {

@@ -3,10 +3,12 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdint>
 #include <cstdlib>
 
@@ -33,6 +35,7 @@ sockaddr_in Loopback(int port) {
 bool ReceiveSome(const Descriptor& connection, std::string* bytes) {
     std::array<char, 4096> buffer;
     const ssize_t size = recv(connection.get(), buffer.data(), buffer.size(), 0);
+    EXPECT_FALSE(size < 0 && errno == EAGAIN) << "neither bytes nor an end for a minute";
     bytes->append(buffer.data(), static_cast<std::size_t>(size > 0 ? size : 0));
     return size > 0;
 }
@@ -60,13 +63,22 @@ Descriptor Connect(int port) {
 }
 
 void Send(const Descriptor& connection, const std::string& bytes) {
-    // The other side may have heard enough before the last byte.
+    TrySend(connection, bytes);
+}
+
+bool TrySend(const Descriptor& connection, const std::string& bytes) {
     std::size_t sent = 0;
     ssize_t size = 0;
     while (sent < bytes.size() && size >= 0) {
         size = send(connection.get(), bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
         sent += static_cast<std::size_t>(size > 0 ? size : 0);
     }
+    return sent == bytes.size();
+}
+
+void WaitForEnd(const Descriptor& connection, int milliseconds) {
+    pollfd polled = {connection.get(), POLLIN, 0};
+    poll(&polled, 1, milliseconds);
 }
 
 void EndSending(const Descriptor& connection) {

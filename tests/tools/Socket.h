@@ -5,13 +5,21 @@
 
 #include "tests/tools/Descriptor.h"
 
-// Bytes over loopback connections. Whatever waits for the other side gives up after a minute.
+// Bytes over loopback connections. Whatever waits for the other side gives up after a minute;
+// what receives fails the test then.
 namespace tooltest {
 
 /// A connection to a port of this machine.
 Descriptor Connect(int port);
 
+/// As much as the other side takes.
 void Send(const Descriptor& connection, const std::string& bytes);
+
+/// The same. False: the other side takes no more.
+bool TrySend(const Descriptor& connection, const std::string& bytes);
+
+/// Waits for the other side's end, but no longer than this.
+void WaitForEnd(const Descriptor& connection, int milliseconds);
 
 /// Says that nothing more comes, and still reads.
 void EndSending(const Descriptor& connection);

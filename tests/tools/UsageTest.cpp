@@ -77,6 +77,10 @@ TEST(Usage, FetchNeedsAnEndpointAndARecord) {
         {{"fetch", "--endpoint"}, {"--endpoint"}},
         {{"fetch", "--endpoint", kEndpoint}, {"record"}},
         {{"fetch", "--endpoint", kEndpoint, "concert", "Con.1"}, {"concert"}},
+        {{"fetch", "--endpoint", kEndpoint, "--timeout", "0", "track"}, {"--timeout", "\"0\""}},
+        {{"fetch", "--endpoint", kEndpoint, "--timeout", "-1", "track"}, {"--timeout", "\"-1\""}},
+        {{"fetch", "--endpoint", kEndpoint, "--timeout", "1.5", "track"}, {"--timeout", "\"1.5\""}},
+        {{"fetch", "--endpoint", kEndpoint, "--timeout", "86401", "track"}, {"\"86401\""}},
         {{"fetch", "--endpoint", kEndpoint, "DataTrackInfo", "Tra.1"}, {"DataTrackInfo"}},
         {{"fetch", "--endpoint", kEndpoint, "track", "--tree", "--text"}, {"--tree", "--text"}},
     });

@@ -1,0 +1,36 @@
+#ifndef QUAVERA_TOOLS_HTTP_CLIENT_H_
+#define QUAVERA_TOOLS_HTTP_CLIENT_H_
+
+#include <cstddef>
+#include <string>
+
+#include "tools/Result.h"
+
+namespace tool {
+
+/// The longest body of an answer that is taken, in bytes, when nothing compresses it any more.
+inline constexpr std::size_t kLongestAnswer = std::size_t{64} * 1024 * 1024;
+
+/// What a client sends, and for how long it waits.
+struct HttpPost {
+    std::string url;
+    std::string contentType;
+    std::string soapAction;
+    std::string body;
+    int seconds = 0;  // for all of it, from the first look-up of the host to the last byte
+};
+
+struct HttpReply {
+    long status = 0;
+    std::string contentType;
+    std::string body;
+};
+
+/// Sends and returns the answer, of whatever status; a redirection is not followed. An answer that
+/// is cut short or too long, an unreachable host and a time that has run out are failures. Proxies
+/// that the environment names are not used.
+Result<HttpReply> Post(const HttpPost& post);
+
+}  // namespace tool
+
+#endif  // QUAVERA_TOOLS_HTTP_CLIENT_H_

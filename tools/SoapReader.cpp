@@ -1,0 +1,189 @@
+#include "tools/SoapReader.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "base/ExpatParser.h"
+
+namespace tool {
+namespace {
+
+constexpr std::string_view kSoap11 = "http://schemas.xmlsoap.org/soap/envelope/";
+constexpr std::string_view kSoap12 = "http://www.w3.org/2003/05/soap-envelope";
+
+std::string_view WithoutPrefix(std::string_view name) {
+    return name.substr(name.rfind(':') + 1);
+}
+
+/// The namespace that an element declares for its own name; empty if it declares none.
+std::string_view OwnNamespace(std::string_view name, const XML_Char** attributes) {
+    const std::size_t colon = name.rfind(':');
+    const std::string declaration =
+        colon == std::string_view::npos ? "xmlns" : "xmlns:" + std::string(name.substr(0, colon));
+    for (; *attributes != nullptr; attributes += 2) {
+        if (attributes[0] == declaration) {
+            return attributes[1];
+        }
+    }
+    return {};
+}
+
+bool IsTrue(std::string_view value) {
+    return value == "true" || value == "1";
+}
+
+bool IsAny(std::string_view /*value*/) {
+    return true;
+}
+
+/// The value of the first attribute of that name, whatever its prefix, that `isWanted`; null if
+/// there is none.
+const XML_Char* FindAttribute(const XML_Char** attributes, std::string_view local,
+                              bool (*isWanted)(std::string_view value)) {
+    for (; *attributes != nullptr; attributes += 2) {
+        if (WithoutPrefix(attributes[0]) == local && isWanted(attributes[1])) {
+            return attributes[1];
+        }
+    }
+    return nullptr;
+}
+
+/// In which part of the envelope the parser is.
+enum class Part { kNone, kHeader, kBody, kOther };
+
+class SoapReader : public quavera::ExpatParser<SoapReader> {
+ public:
+    /// Of a text that was parsed.
+    SoapMessage TakeMessage() { return std::move(message_); }
+
+    void Start(const XML_Char* name, const XML_Char** attributes) {
+        const std::string_view local = WithoutPrefix(name);
+        const std::size_t level = depth_++;
+        if (level == 0 && local == "Envelope") {
+            OpenEnvelope(name, attributes);
+        } else if (level == 1 && hasEnvelope_) {
+            OpenPart(local);
+        } else if (level == 2 && part_ == Part::kHeader) {
+            CheckHeaderEntry(local, attributes);
+        } else if (level == 0 || (level == 2 && part_ == Part::kBody && !hasRecord_)) {
+            message_.recordElement = local;
+            hasRecord_ = isRecord_ = true;
+        }
+        if (isRecord_) {
+            WriteStart(local, attributes);
+        }
+    }
+
+    void End(const XML_Char* name) {
+        --depth_;
+        if (isRecord_) {
+            WriteEnd(WithoutPrefix(name));
+            isRecord_ = depth_ > (hasEnvelope_ ? 2U : 0U);
+        }
+    }
+
+    void Text(std::string_view text) {
+        if (isRecord_) {
+            FinishStartTag();
+            Write(text);
+        }
+    }
+
+ private:
+    void OpenEnvelope(std::string_view name, const XML_Char** attributes) {
+        hasEnvelope_ = true;
+        const std::string_view space = OwnNamespace(name, attributes);
+        if (space == kSoap12) {
+            message_.version = SoapVersion::k12;
+        } else if (space != kSoap11 && !space.empty()) {
+            Refuse("the envelope is none of SOAP: its namespace is \"" + std::string(space) + "\"");
+        }
+    }
+
+    /// Of several bodies the first one counts.
+    void OpenPart(std::string_view local) {
+        if (local == "Header") {
+            part_ = Part::kHeader;
+        } else {
+            part_ = local == "Body" && !hasBody_ ? Part::kBody : Part::kOther;
+            hasBody_ = hasBody_ || local == "Body";
+        }
+    }
+
+    /// None is known here.
+    void CheckHeaderEntry(std::string_view local, const XML_Char** attributes) {
+        if (FindAttribute(attributes, "mustUnderstand", IsTrue) != nullptr) {
+            Refuse("the header entry \"" + std::string(local) +
+                   "\" must be understood, but is not");
+        }
+    }
+
+    void WriteStart(std::string_view local, const XML_Char** attributes) {
+        FinishStartTag();
+        Put("<", local);
+        if (FindAttribute(attributes, "nil", IsTrue) != nullptr) {
+            Put(" nil=\"true\"");
+        }
+        const XML_Char* const type = FindAttribute(attributes, "type", IsAny);
+        if (type != nullptr) {
+            Put(" type=\"");
+            Write(WithoutPrefix(type));
+            Put("\"");
+        }
+        isStartTagOpen_ = true;
+    }
+
+    void FinishStartTag() {
+        if (isStartTagOpen_) {
+            Put(">");
+            isStartTagOpen_ = false;
+        }
+    }
+
+    void WriteEnd(std::string_view local) {
+        if (isStartTagOpen_) {
+            Put("/>");
+            isStartTagOpen_ = false;
+        } else {
+            Put("</", local, ">");
+        }
+    }
+
+    /// Text, or an attribute's value. A carriage return as it stands would be read as a line feed.
+    void Write(std::string_view text) {
+        while (!text.empty()) {
+            const std::size_t plain = std::min(text.find_first_of("<>&\"\r"), text.size());
+            Put(text.substr(0, plain));
+            text.remove_prefix(plain);
+            if (!text.empty()) {
+                Put("&#", std::to_string(static_cast<int>(text.front())), ";");
+                text.remove_prefix(1);
+            }
+        }
+    }
+
+    template <class... Texts>
+    void Put(const Texts&... texts) {
+        (message_.record.append(texts), ...);
+    }
+
+    SoapMessage message_;
+    std::size_t depth_ = 0;  // the number of open elements
+    bool hasEnvelope_ = false;
+    bool hasBody_ = false;
+    Part part_ = Part::kNone;
+    bool hasRecord_ = false;
+    bool isRecord_ = false;        // the parser is within the record element
+    bool isStartTagOpen_ = false;  // its ">" or "/>" is still to be written
+};
+
+}  // namespace
+
+Result<SoapMessage> ReadSoap(const std::string& text, const std::string& where) {
+    SoapReader reader;
+    return reader.Parse(text) ? Result<SoapMessage>(reader.TakeMessage())
+                              : Failure{where, reader.Error()};
+}
+
+}  // namespace tool
