@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,13 @@ TEST_F(Fetch, WithoutIdentifierGetsTheDefault) {
     const std::string tree = "<Track><TrackId>default</TrackId></Track>\n";
     EXPECT_TRUE(Printed(server_.Fetch({"track", "--tree"}), tree));
     EXPECT_TRUE(Printed(Get(""), tree));
+}
+
+TEST_F(Fetch, UsesNoProxy) {
+    const tooltest::Port nobody;
+    setenv("http_proxy", nobody.Endpoint().c_str(), 1);
+    EXPECT_TRUE(Serves());
+    unsetenv("http_proxy");
 }
 
 TEST_F(Fetch, IdentifierMayHoldAnyCharacters) {

@@ -250,6 +250,8 @@ TEST(Serve, CallerThatStopsInTheMiddleIsLeft) {
     const Server server;
     const tooltest::Descriptor connection = tooltest::Connect(server.Port());
     tooltest::Send(connection, Post(kRequest.substr(0, 100), kRequest.size()));
+    // For its silence, and not only for how long it takes: that would be a minute.
+    EXPECT_TRUE(tooltest::WaitForEnd(connection, 30000));
     EXPECT_EQ(tooltest::ReceiveAll(connection), "");
     EXPECT_TRUE(Serves(server));
 }

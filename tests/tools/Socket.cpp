@@ -76,9 +76,9 @@ bool TrySend(const Descriptor& connection, const std::string& bytes) {
     return sent == bytes.size();
 }
 
-void WaitForEnd(const Descriptor& connection, int milliseconds) {
+bool WaitForEnd(const Descriptor& connection, int milliseconds) {
     pollfd polled = {connection.get(), POLLIN, 0};
-    poll(&polled, 1, milliseconds);
+    return poll(&polled, 1, milliseconds) > 0;
 }
 
 void EndSending(const Descriptor& connection) {

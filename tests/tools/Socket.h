@@ -18,8 +18,8 @@ void Send(const Descriptor& connection, const std::string& bytes);
 /// The same. False: the other side takes no more.
 bool TrySend(const Descriptor& connection, const std::string& bytes);
 
-/// Waits for the other side's end, but no longer than this.
-void WaitForEnd(const Descriptor& connection, int milliseconds);
+/// Waits for the other side's end, or bytes, but no longer than this. False: none has come.
+bool WaitForEnd(const Descriptor& connection, int milliseconds);
 
 /// Says that nothing more comes, and still reads.
 void EndSending(const Descriptor& connection);
