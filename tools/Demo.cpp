@@ -40,7 +40,8 @@ struct Receiver {
     Stream trees;  // the writing end of its pipe
 };
 
-/// Starts the second process. To be called while this process has a single thread.
+/// Starts the second process. To be called while this process has a single thread, and nothing
+/// that it has still to write.
 Result<Receiver> StartReceiver() {
     std::array<int, 2> ends;
     if (pipe(ends.data()) != 0) {
@@ -50,7 +51,7 @@ Result<Receiver> StartReceiver() {
     if (process == 0) {
         close(ends[1]);
         const Stream trees(fdopen(ends[0], "rb"));
-        _exit(trees == nullptr ? EXIT_FAILURE : Receive(trees.get()));
+        std::exit(trees == nullptr ? EXIT_FAILURE : Receive(trees.get()));
     }
     const int reason = errno;
     close(ends[0]);
