@@ -2,6 +2,7 @@
 
 #include <valgrind/callgrind.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -31,6 +32,16 @@ bool IsAboutDouble(std::uint64_t next, std::uint64_t count) {
     return next * 10 <= count * 22;
 }
 
+/// Notes, in the test's report, the largest growth at a step so far, in hundredths.
+void NoteStep(std::uint64_t next, std::uint64_t count) {
+    static const testing::TestInfo* latest = nullptr;
+    static std::uint64_t largest = 0;
+    const testing::TestInfo* const test = testing::UnitTest::GetInstance()->current_test_info();
+    largest = std::max(test == latest ? largest : 0, next * 100 / count);
+    latest = test;
+    testing::Test::RecordProperty("largest_step", std::to_string(largest));
+}
+
 }  // namespace
 
 std::uint64_t CountInstructions(const Work& work) {
@@ -55,6 +66,8 @@ testing::AssertionResult IsLinear(const Preparation& prepare, std::size_t size) 
     if (counts[0] < size) {
         return testing::AssertionFailure() << "hardly any work: " << description.str();
     }
+    NoteStep(counts[1], counts[0]);
+    NoteStep(counts[2], counts[1]);
     if (!IsAboutDouble(counts[1], counts[0]) || !IsAboutDouble(counts[2], counts[1])) {
         return testing::AssertionFailure() << "grows too fast: " << description.str();
     }
