@@ -71,7 +71,7 @@ std::string QuavErrorToString(int code, QuaveraBranding branding) {
     const std::string name = QuaveraBrandingToString(branding);
     std::string text = MessageOf(code);
     for (std::size_t at = text.find(kPlaceholder); at != std::string::npos;
-         at = text.find(kPlaceholder, at + name.size())) {
+         at = text.find(kPlaceholder, at)) {
         text.replace(at, kPlaceholder.size(), name);
     }
     return text;
