@@ -437,8 +437,9 @@ TEST(WriteXmlNames, OfEncodedElementsOfAnySizeHaveRoom) {
         for (const std::string text : {"Zg==", "Zm8=", "Zm9v", "Zm9vYg=="}) {
             const Tree parent = NewNode("parent");
             parent->AddChildEncoded(name, text);
-            EXPECT_EQ(ZQXML::WriteXml(parent->FindChild(name)),
-                      "<" + name + " encoding=\"base64\">" + text + "</" + name + ">");
+            std::string expected = "<" + name;
+            expected.append(" encoding=\"base64\">").append(text).append("</").append(name) += '>';
+            EXPECT_EQ(ZQXML::WriteXml(parent->FindChild(name)), expected);
         }
     }
 }
