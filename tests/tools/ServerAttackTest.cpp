@@ -99,7 +99,10 @@ rlim_t AskForDescriptors(rlim_t count) {
 
 TEST(ServerAttack, ThousandConnectionsAtOnceAreAllAnswered) {
     constexpr int kOthers = 100;
-    const int count = static_cast<int>(AskForDescriptors(1000 + kOthers)) - kOthers;
+    // None may be silent for as long as all of them take.
+    const int wanted = IsSlow() ? 100 : 1000;
+    const int count =
+        static_cast<int>(AskForDescriptors(static_cast<rlim_t>(wanted + kOthers))) - kOthers;
     ASSERT_GT(count, 0);
     const Server server;
     const std::string request = Request("none");
