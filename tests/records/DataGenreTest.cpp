@@ -202,6 +202,7 @@ TEST(DataGenre, ParentGenreCountNeedsAPrimaryParentAndAParent) {
     Summary unnamed;
     const std::string idElement = "<PrimaryParentGenreId>g.9</PrimaryParentGenreId>";
     const std::string countElement = "<ParentGenreCount>2</ParentGenreCount>";
+    const std::string countOfOne = "<ParentGenreCount>1</ParentGenreCount>";
     const std::string empty = "<ParentGenres/>";
     const std::string one = "<ParentGenres><GenreLite/></ParentGenres>";
     const std::string two = "<ParentGenres><GenreLite/><GenreLite/></ParentGenres>";
@@ -216,6 +217,7 @@ TEST(DataGenre, ParentGenreCountNeedsAPrimaryParentAndAParent) {
         {"named primary parent only", &named, {}, idElement + empty},
         {"unnamed primary parent only", &unnamed, {}, empty},
         {"both", &named, {&unnamed, &unnamed}, idElement + countElement + two},
+        {"the fewest of both", &unnamed, {&unnamed}, countOfOne + one},
         {"both, unnamed", &unnamed, {&unnamed, &unnamed}, countElement + two},
         {"a nil item, which the count holds", &unnamed, {nullptr, &unnamed}, countElement + one},
         {"nil items only", &unnamed, {nullptr, nullptr}, countElement + empty},
