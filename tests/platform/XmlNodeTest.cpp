@@ -759,6 +759,18 @@ TEST(ViewsOfAList, FollowChildrenAddedOnTheWay) {
     EXPECT_EQ(list->ViewNext(&view, 1), 0U);
 }
 
+TEST(ViewsOfAList, StayAtTheirEndWhateverIsAdded) {
+    const Tree node = NewNode("parent");
+    node->AddChild("a", 1);
+    ZQXML::INodeList* const list = node->GetChildren();
+    ZQXML::NodeView view;
+    ASSERT_EQ(list->ViewFirst(&view, 1), 1U);
+    ASSERT_EQ(list->ViewNext(&view, 1), 0U);
+    node->AddChild("b", 1);
+    EXPECT_EQ(list->ViewNext(&view, 1), 0U);
+    EXPECT_EQ(list->Next(), nullptr);
+}
+
 TEST(ViewsOfAList, ShareTheWalkWithFirstAndNext) {
     const Tree node = NewNode("parent");
     for (const char* const name : {"a", "b", "c", "d"}) {
