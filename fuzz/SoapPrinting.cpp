@@ -8,7 +8,7 @@
 #include "fuzz/Target.h"
 #include "platform/zqshared.h"
 #include "tests/support/TreeText.h"
-#include "tools/Commands.h"
+#include "tools/Printing.h"
 
 namespace {
 

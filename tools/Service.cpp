@@ -60,4 +60,10 @@ Result<std::string> Ask(const Service& service, const RecordClass& record, const
     return std::move(reply->body);
 }
 
+Result<std::string> Fetch(const Service& service, const RecordClass& record, const std::string& id,
+                          Form form) {
+    const Result<std::string> answer = Ask(service, record, id);
+    return answer ? PrintAnswer(*answer, service.endpoint, record, form) : answer;
+}
+
 }  // namespace tool

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "tools/Printing.h"
 #include "tools/RecordClasses.h"
 #include "tools/Result.h"
 
@@ -18,6 +19,10 @@ struct Service {
 /// included: it is checked like any document. A service that cannot be reached, or answers with
 /// something else than SOAP, is a failure.
 Result<std::string> Ask(const Service& service, const RecordClass& record, const std::string& id);
+
+/// The same, printed.
+Result<std::string> Fetch(const Service& service, const RecordClass& record, const std::string& id,
+                          Form form);
 
 }  // namespace tool
 

@@ -7,7 +7,7 @@
 
 #include "tests/growth/Growth.h"
 #include "tests/tools/Files.h"
-#include "tools/Commands.h"
+#include "tools/Printing.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 #include "platform/zqshared.h"
 #include "tests/tools/Files.h"
-#include "tools/Commands.h"
+#include "tools/Printing.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "tests/support/AllocationFailure.h"
 #include "tests/tools/Files.h"
-#include "tools/Commands.h"
+#include "tools/Printing.h"
 
 namespace {
 

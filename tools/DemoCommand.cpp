@@ -8,8 +8,10 @@
 #include <cstring>
 #include <utility>
 
-#include "tools/Commands.h"
+#include "tools/CommandLine.h"
 #include "tools/Files.h"
+#include "tools/Printing.h"
+#include "tools/Service.h"
 #include "tools/StandIn.h"
 
 namespace tool {
@@ -80,8 +82,9 @@ Result<Done> Send(std::FILE* trees) {
     return printed ? WriteStream(trees, kReceiver, *tree) : printed;
 }
 
-}  // namespace
-
+/// A record's whole way on this machine: a stand-in service, a SOAP client that fetches a record
+/// and prints its tree, and a second process that is handed the tree as text, fills the record
+/// from it and prints its log text.
 Result<Done> Demo() {
     Result<Receiver> receiver = StartReceiver();
     if (!receiver) {
@@ -98,6 +101,12 @@ Result<Done> Demo() {
         return Failure{kReceiver, "it did not render the record"};
     }
     return sent;
+}
+
+}  // namespace
+
+Run DeclareDemo(CLI::App* /*command*/) {
+    return [] { return StatusOf(Demo()); };
 }
 
 }  // namespace tool
