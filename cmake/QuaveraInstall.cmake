@@ -19,6 +19,7 @@ if(QUAVERA_PLATFORM STREQUAL "bundled")
         platform/XmlText.h
         platform/zqshared.h
         DESTINATION ${quavera_header_dir}/platform)
+    install(FILES records/RecordText.h DESTINATION ${quavera_header_dir}/records)
 
     install(TARGETS quavera-tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(FILES docs/quavera.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -6,6 +6,10 @@
 DataGenre::DataGenre() = default;
 
 zq::auto_com<ZQXML::INode> DataGenre::ToXML(Quavera::Quavera2__GenreMetadata* soap) {
+    const auto* const primary = soap->primaryParentGenre;
+    const int* const parents = CountOf(soap->parentGenres);
+    // Depends on the primary parent, not only on the list: receivers know it so.
+    const bool isCounted = primary != nullptr && parents != nullptr && *parents > 0;
     auto node = NewElement("Genre");
     ElementWriter out(node.get());
     out.Display("Abbreviation", soap->abbreviation);
@@ -15,13 +19,8 @@ zq::auto_com<ZQXML::INode> DataGenre::ToXML(Quavera::Quavera2__GenreMetadata* so
     out.NumberUnlessZero("SubGenreCount", soap->subGenreCount);
     out.RecordsAlways<GenreLiteElements>("ChildGenres", "GenreLite", soap->childGenres);
     out.Display("Description", soap->description);
-    if (soap->primaryParentGenre != nullptr) {
-        out.Plain("PrimaryParentGenreId", soap->primaryParentGenre->genreId);
-        // Depends on the primary parent, not only on the list: receivers know it so.
-        if (soap->parentGenres != nullptr && soap->parentGenres->count > 0) {
-            out.DecimalString("ParentGenreCount", &soap->parentGenres->count);
-        }
-    }
+    out.Plain("PrimaryParentGenreId", primary == nullptr ? nullptr : primary->genreId);
+    out.DecimalString("ParentGenreCount", isCounted ? parents : nullptr);
     out.RecordsAlways<GenreLiteElements>("ParentGenres", "GenreLite", soap->parentGenres);
     return node;
 }

@@ -8,10 +8,8 @@ DataLibraryModificationResult::DataLibraryModificationResult() = default;
 void DataLibraryModificationResult::ToXML(ZQXML::INode* node,
                                           Quavera::Quavera2__LibraryModificationResult* soap) {
     ElementWriter out(node);
-    if (soap->values != nullptr) {
-        out.Number("SubCount", &soap->values->count);
-        out.Each("Value", soap->values);
-    }
+    out.Number("SubCount", CountOf(soap->values));
+    out.Each("Value", soap->values);
     out.Unsigned("LibraryLastDateModified", soap->libraryLastDateModified);
 }
 

@@ -79,6 +79,12 @@ int CountItems(const Wrapper* wrapper) {
     return wrapper->count;
 }
 
+/// The number of items that a wrapper states, for a row of its own; null for a null wrapper.
+template <class Wrapper>
+const int* CountOf(const Wrapper* wrapper) {
+    return wrapper == nullptr ? nullptr : &wrapper->count;
+}
+
 /// Adds the members of a SOAP record to an element, in the order of the calls. A member that is
 /// null is left out, and so is a null item of a list.
 class ElementWriter {
