@@ -42,6 +42,8 @@ class ExpatParser {
     bool Parse(std::string_view text) {
         if (text.size() > kLongestXml) {
             error_ = "line 1, column 1: text too long";
+        } else if (text.empty()) {
+            error_ = "line 1, column 1: the text is empty";
         } else if (LooksLikeUtf16(text)) {
             error_ = "line 1, column 1: encoding other than UTF-8";
         } else {

@@ -52,6 +52,20 @@ void CheckTexts(ZQXML::INode* node, const std::set<std::string>& texts) {
     }
 }
 
+/// Its records are printed one by one, and read as a list again.
+void CheckList(const tool::Records& records, const std::string& text) {
+    std::string trees;
+    std::string texts;
+    for (const tool::Tree& tree : records.trees) {
+        trees += ZQXML::WriteXml(tree.get()) + "\n";
+        texts += *tool::PrintText(ZQXML::WriteXml(tree.get()), "input", records.record);
+    }
+    ExpectSame(text, texts, "a list's text is that of its records");
+    if (!records.trees.empty()) {
+        ExpectSame(*tool::PrintText(trees, "input", nullptr), texts, "a list's trees are read");
+    }
+}
+
 void CheckSoap(const std::string& soap) {
     const Text tree = Print(soap, tool::Form::kTree);
     const Text indented = Print(soap, tool::Form::kIndentedTree);
@@ -60,6 +74,12 @@ void CheckSoap(const std::string& soap) {
     ExpectSame(bool(tree), bool(text), "tree and text can be printed, or neither");
     if (!tree) {
         CheckFailure(tree);
+        return;
+    }
+    // A list answer may hold no record, or several, whose trees stand one after the other.
+    const auto records = tool::ReadSoapRecords(soap, "input", nullptr);
+    if (records->isList) {
+        CheckList(*records, *text);
         return;
     }
     const auto parsed = ZQXML::ParseXml(*tree);
@@ -81,8 +101,13 @@ void CheckTree(const std::string& xml) {
         CheckFailure(text);
         return;
     }
+    const auto records = tool::ReadTrees(xml, "input", nullptr);
+    Expect(bool(records), "what can be printed can be read", xml);
+    if (records->isList) {
+        CheckList(*records, *text);
+        return;
+    }
     const auto tree = ZQXML::ParseXml(xml);
-    Expect(bool(tree), "what can be printed can be read", xml);
     const Text again = tool::PrintText(ZQXML::WriteXml(tree.get(), true), "input", nullptr);
     Expect(bool(again), "what was written can be printed", xml);
     ExpectSame(*again, *text, "a tree's text is that of the tree written again");

@@ -4,10 +4,7 @@
 #include <string>
 
 #include "common/Export.h"
-
-namespace ZQXML {
-class INode;
-}
+#include "platform/zqshared.h"
 
 /// The base of the records, one class for each kind of record that the service returns.
 ///

@@ -1,8 +1,23 @@
 #include "tools/CommandLine.h"
 
 #include "tools/Files.h"
+#include "tools/RecordClasses.h"
 
 namespace tool {
+
+std::vector<std::string> RecordClassNames() {
+    std::vector<std::string> names;
+    for (const RecordClass& each : RecordClasses()) {
+        names.emplace_back(each.name);
+    }
+    return names;
+}
+
+void DeclareRecordClass(CLI::App* command, std::string* recordClass) {
+    command->add_option("--record", *recordClass, "Record class, \"DataAlbum\" for example")
+        ->check(CLI::IsMember(RecordClassNames()))
+        ->type_name("CLASS");
+}
 
 int StatusOf(const Result<Done>& done) {
     if (!done) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "tools/Result.h"
 
@@ -23,10 +24,18 @@ using Run = std::function<int()>;
 Run DeclareTree(CLI::App* command);
 Run DeclareText(CLI::App* command);
 Run DeclareShow(CLI::App* command);
+Run DeclareDiff(CLI::App* command);
+Run DeclareRecords(CLI::App* command);
 Run DeclareFetch(CLI::App* command);
 Run DeclareServe(CLI::App* command);
 Run DeclareError(CLI::App* command);
 Run DeclareDemo(CLI::App* command);
+
+/// The names of the record classes.
+std::vector<std::string> RecordClassNames();
+
+/// Declares `--record CLASS`.
+void DeclareRecordClass(CLI::App* command, std::string* recordClass);
 
 /// The exit status of what has been done; a failure is reported.
 int StatusOf(const Result<Done>& done);

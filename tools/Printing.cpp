@@ -1,68 +1,194 @@
 #include "tools/Printing.h"
 
+#include <algorithm>
+#include <nlohmann/json.hpp>
 #include <string_view>
 #include <utility>
 
 namespace tool {
 namespace {
 
-/// Records one after the other, as element trees or as log text by way of the trees' text form.
-Result<std::string> PrintTrees(const Result<Trees>& trees, const RecordClass& record,
-                               const std::string& where, Form form) {
-    if (!trees) {
-        return trees.failure();
+Result<Records> RecordsOf(Result<Trees> trees, const RecordClass& record, bool isList) {
+    return trees ? Result<Records>(Records{&record, isList, std::move(*trees), true})
+                 : trees.failure();
+}
+
+/// The class whose SOAP record, or the list of such records, is called `element`.
+Result<const RecordClass*> ClassOfSoap(const std::string& element, const RecordClass* chosen,
+                                       const std::string& where) {
+    const RecordClass* const ofList = FindClass(&RecordClass::answerElement, element);
+    const bool isList = ofList != nullptr && ofList->AnswersWithList();
+    if (isList && (chosen == nullptr || chosen == ofList)) {
+        return ofList;
     }
-    std::string all;
-    for (const Tree& tree : *trees) {
-        const std::string xml = ZQXML::WriteXml(tree.get(), form == Form::kIndentedTree);
-        const Result<std::string> one =
-            form == Form::kText ? PrintText(xml, where, &record) : xml + "\n";
-        if (!one) {
-            return one.failure();
+    return ClassOfElement(&RecordClass::soapElement, element, chosen, where);
+}
+
+/// Records as their receivers have them.
+Result<Records> ThroughText(const Records& records, const std::string& where) {
+    Records received = {records.record, records.isList, {}, records.isSoap};
+    for (const Tree& tree : records.trees) {
+        Result<Tree> read = ParseTree(ZQXML::WriteXml(tree.get()), where);
+        if (!read) {
+            return read.failure();
         }
-        all += *one;
+        received.trees.push_back(std::move(*read));
     }
-    return all;
+    return received;
+}
+
+Result<std::string> PrintReceived(const Result<Records>& records, const std::string& where,
+                                  Form form) {
+    if (!records || form == Form::kTree || form == Form::kIndentedTree) {
+        return records ? Result<std::string>(Printed(*records, form)) : records.failure();
+    }
+    const Result<Records> received = ThroughText(*records, where);
+    return received ? Result<std::string>(Printed(*received, form)) : received.failure();
+}
+
+/// Whether a line begins with an element of that name.
+bool IsStartOf(std::string_view name, std::string_view line) {
+    const std::string_view behind = line.substr(std::min(line.size(), name.size() + 1));
+    return line.substr(0, 1) == "<" && line.substr(1, name.size()) == name && !behind.empty() &&
+           std::string_view(" \t\r\n/>").find(behind.front()) != std::string_view::npos;
+}
+
+/// The trees of a text that holds several of one name, each beginning with a line, as they are
+/// printed; none where it is not of that kind.
+Trees SplitTrees(std::string_view text, std::string_view name) {
+    Trees trees;
+    while (!text.empty()) {
+        std::size_t end = 0;
+        do {
+            end = text.find('\n', end);
+            end = end == std::string_view::npos ? text.size() : end + 1;
+        } while (end < text.size() && !IsStartOf(name, text.substr(end)));
+        Tree tree = ZQXML::ParseXml(text.substr(0, end));
+        if (!tree) {
+            return {};
+        }
+        trees.push_back(std::move(tree));
+        text.remove_prefix(end);
+    }
+    return trees;
+}
+
+/// A list of records as its trees are printed; nothing but `otherwise` where the text is none.
+Result<Records> ReadList(const std::string& xml, const RecordClass* chosen,
+                         const Failure& otherwise) {
+    for (const RecordClass& record : RecordClasses()) {
+        const bool isWanted = chosen == nullptr || chosen == &record;
+        if (isWanted && record.AnswersWithList() && IsStartOf(record.treeElement, xml)) {
+            Trees trees = SplitTrees(xml, record.treeElement);
+            return trees.empty() ? Result<Records>(otherwise)
+                                 : Records{&record, true, std::move(trees), false};
+        }
+    }
+    return otherwise;
 }
 
 }  // namespace
 
-Result<std::string> PrintSoap(const std::string& soap, const std::string& where,
-                              const RecordClass* chosen, Form form) {
+Result<Records> ReadSoapRecords(const std::string& soap, const std::string& where,
+                                const RecordClass* chosen) {
     const Result<SoapDocument> document = SoapDocument::Open(soap, where);
     if (!document) {
         return document.failure();
     }
-    const Result<const RecordClass*> record =
-        ClassOfElement(&RecordClass::soapElement, document->RecordElement(), chosen, where);
-    return record ? PrintTrees((*record)->toTrees(*document), **record, where, form)
-                  : record.failure();
+    const std::string& element = document->RecordElement();
+    const Result<const RecordClass*> found = ClassOfSoap(element, chosen, where);
+    if (!found) {
+        return found.failure();
+    }
+    const RecordClass& record = **found;
+    const bool isList = element != record.soapElement;
+    return RecordsOf(isList ? record.answerToTrees(*document) : record.toTrees(*document), record,
+                     isList);
 }
 
-Result<std::string> PrintAnswer(const std::string& soap, const std::string& where,
-                                const RecordClass& asked, Form form) {
+Result<Records> ReadAnswer(const std::string& soap, const std::string& where,
+                           const RecordClass& asked) {
     const Result<SoapDocument> document = SoapDocument::Open(soap, where);
     if (!document) {
         return document.failure();
     }
     const std::string_view expected = asked.answerElement;
     if (document->RecordElement() != expected) {
-        const bool isList = expected != asked.soapElement;
-        return WrongElement(where, document->RecordElement(), isList ? "the list" : asked.name,
-                            expected);
+        return WrongElement(where, document->RecordElement(),
+                            asked.AnswersWithList() ? "the list" : asked.name, expected);
     }
-    return PrintTrees(asked.answerToTrees(*document), asked, where, form);
+    return RecordsOf(asked.answerToTrees(*document), asked, asked.AnswersWithList());
 }
 
-Result<std::string> PrintText(const std::string& xml, const std::string& where,
-                              const RecordClass* chosen) {
+Result<Records> ReadTrees(const std::string& xml, const std::string& where,
+                          const RecordClass* chosen) {
     Result<Tree> tree = ParseTree(xml, where);
     if (!tree) {
-        return tree.failure();
+        return ReadList(xml, chosen, tree.failure());
     }
     const Result<const RecordClass*> record =
         ClassOfElement(&RecordClass::treeElement, (*tree)->GetName(), chosen, where);
-    return record ? (*record)->toText(std::move(*tree)) : Result<std::string>(record.failure());
+    if (!record) {
+        return record.failure();
+    }
+    Records records = {*record, false, {}, false};
+    records.trees.push_back(std::move(*tree));
+    return records;
+}
+
+Result<Records> ReadDocument(const std::string& text, const std::string& where,
+                             const RecordClass* chosen) {
+    const Result<SoapDocument> document = SoapDocument::Open(text, where);
+    if (!document) {
+        Result<Records> list = ReadTrees(text, where, chosen);
+        return list ? std::move(list) : Result<Records>(document.failure());
+    }
+    if (!ClassOfSoap(document->RecordElement(), nullptr, where)) {
+        return ReadTrees(text, where, chosen);
+    }
+    const Result<Records> records = ReadSoapRecords(text, where, chosen);
+    return records ? ThroughText(*records, where) : records.failure();
+}
+
+std::string Printed(const Records& records, Form form) {
+    if (form == Form::kJson) {
+        return JsonText(JsonOf(records)) + "\n";
+    }
+    std::string all;
+    for (const Tree& tree : records.trees) {
+        all += form == Form::kText
+                   ? records.record->toText(tree.get())
+                   : ZQXML::WriteXml(tree.get(), form == Form::kIndentedTree) + "\n";
+    }
+    return all;
+}
+
+Json JsonOf(const Records& records) {
+    const RecordShape& shape = ShapeOf(records.record->name);
+    if (!records.isList) {
+        return ToJson(records.trees.front().get(), shape);
+    }
+    Json list = Json::array();
+    for (const Tree& tree : records.trees) {
+        list.push_back(ToJson(tree.get(), shape));
+    }
+    return list;
+}
+
+Result<std::string> PrintSoap(const std::string& soap, const std::string& where,
+                              const RecordClass* chosen, Form form) {
+    return PrintReceived(ReadSoapRecords(soap, where, chosen), where, form);
+}
+
+Result<std::string> PrintAnswer(const std::string& soap, const std::string& where,
+                                const RecordClass& asked, Form form) {
+    return PrintReceived(ReadAnswer(soap, where, asked), where, form);
+}
+
+Result<std::string> PrintText(const std::string& xml, const std::string& where,
+                              const RecordClass* chosen, Form form) {
+    const Result<Records> records = ReadTrees(xml, where, chosen);
+    return records ? Result<std::string>(Printed(*records, form)) : records.failure();
 }
 
 }  // namespace tool

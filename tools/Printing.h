@@ -3,27 +3,54 @@
 
 #include <string>
 
+#include "tools/Json.h"
 #include "tools/RecordClasses.h"
 #include "tools/Result.h"
 
 namespace tool {
 
-/// The forms in which a record can be printed.
-enum class Form { kTree, kIndentedTree, kText };
+/// The forms in which a document can be printed.
+enum class Form { kTree, kIndentedTree, kText, kJson };
 
-// What is printed comes as a whole: what fails has printed nothing.
+/// What a document holds: a record, or a list of them.
+struct Records {
+    const RecordClass* record = nullptr;
+    bool isList = false;  // it may hold any number; else it holds one
+    Trees trees;          // of each record
+    bool isSoap = false;  // it was a SOAP response, whose root tells its class for sure
+};
 
-/// What a SOAP response holds, as an element tree or as log text by way of the tree's text form.
+// Without a chosen class, it is found by the name of the root.
+
+/// Of a SOAP response.
+Result<Records> ReadSoapRecords(const std::string& soap, const std::string& where,
+                                const RecordClass* chosen);
+
+/// Of the answer to a request for a record of the class.
+Result<Records> ReadAnswer(const std::string& soap, const std::string& where,
+                           const RecordClass& asked);
+
+/// Of an element tree, or of several one after the other, which a list of records makes.
+Result<Records> ReadTrees(const std::string& xml, const std::string& where,
+                          const RecordClass* chosen);
+
+/// Of either, with the trees of a SOAP response by way of their text form, as receivers have them.
+Result<Records> ReadDocument(const std::string& text, const std::string& where,
+                             const RecordClass* chosen);
+
+/// What is printed of a document, to the last line break.
+std::string Printed(const Records& records, Form form);
+
+/// The JSON of a document: an object, or of a list an array of them.
+Json JsonOf(const Records& records);
+
+// Both in one. What is printed comes as a whole: what fails has printed nothing.
 Result<std::string> PrintSoap(const std::string& soap, const std::string& where,
                               const RecordClass* chosen, Form form);
-
-/// What a service has answered when it was asked for a record of the class.
 Result<std::string> PrintAnswer(const std::string& soap, const std::string& where,
                                 const RecordClass& asked, Form form);
-
-/// The log text of the record whose element tree is `xml`.
 Result<std::string> PrintText(const std::string& xml, const std::string& where,
-                              const RecordClass* chosen);
+                              const RecordClass* chosen, Form form = Form::kText);
 
 }  // namespace tool
 

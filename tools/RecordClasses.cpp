@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "records/RecordHeaders.h"
+#include "records/RecordText.h"
 
 namespace tool {
 namespace {
@@ -45,19 +46,16 @@ Result<Trees> ToTrees(const SoapDocument& document) {
     return trees;
 }
 
-/// Which node a class's `FromXML` expects.
-enum class Node { kElement, kParent };
+template <class Record>
+constexpr std::string_view NodeOf() {
+    const bool isElement = quavera::RecordElement<Record>::kNode == quavera::RecordNode::kElement;
+    return isElement ? "element" : "parent";
+}
 
-template <class Record, Node kNode>
-std::string ToText(Tree element) {
+template <class Record>
+std::string ToText(ZQXML::INode* element) {
     Record record;
-    if (kNode == Node::kElement) {
-        record.FromXML(element.get());
-    } else {
-        const Tree parent = ZQXML::CreateXmlNode();
-        parent->AppendChild(element.get());
-        record.FromXML(parent.get());
-    }
+    quavera::ReadRecordTree(element, &record);
     return record.ToString();
 }
 
@@ -65,13 +63,13 @@ std::string ToText(Tree element) {
 
 // One line of Records.def is one entry of the table. A lambda each, for the names that NONE, ONE
 // and LIST use.
-#define QUAVERA_RECORD(Class, Soap, element, node, answer)                            \
-    [] {                                                                              \
-        using Record = Class;                                                         \
-        constexpr std::string_view kElement = ElementOf(#Soap);                       \
-        constexpr auto kToTrees = ToTree<Record, Quavera::Soap>;                      \
-        return RecordClass{                                                           \
-            #Class, kElement, element, kToTrees, ToText<Record, Node::node>, answer}; \
+#define QUAVERA_RECORD(Class, Soap, element, node, answer)                      \
+    [] {                                                                        \
+        using Record = Class;                                                   \
+        constexpr std::string_view kElement = ElementOf(#Soap);                 \
+        constexpr auto kToTrees = ToTree<Record, Quavera::Soap>;                \
+        return RecordClass{#Class,   kElement,       element, NodeOf<Record>(), \
+                           kToTrees, ToText<Record>, answer};                   \
     }(),
 #define SENT(kind, request) #kind, Quavera::soap_send_Quavera2__##request
 #define NONE "", nullptr, "", nullptr

@@ -17,14 +17,17 @@ struct RecordClass {
     std::string_view name;                                   // "DataAlbum"
     std::string_view soapElement;                            // of its SOAP record: "AlbumMetadata"
     std::string_view treeElement;                            // of its tree: "Album"
+    std::string_view node;                                   // that it reads: "element" or "parent"
     Result<Trees> (*toTrees)(const SoapDocument& document);  // the one tree of its SOAP record
-    std::string (*toText)(Tree element);
+    std::string (*toText)(ZQXML::INode* element);
 
     // The request of the service that it answers. The answer may be a list of such records.
     std::string_view kind;  // "album", as users name it; empty: there is no such request
     int (*send)(struct soap* soap, const char* endpoint, const char* action, const std::string& id);
     std::string_view answerElement;  // "AlbumMetadata"; of a list: "Images"
     Result<Trees> (*answerToTrees)(const SoapDocument& answer);
+
+    bool AnswersWithList() const { return !kind.empty() && answerElement != soapElement; }
 };
 
 /// All record classes, in the order of records/Records.def.

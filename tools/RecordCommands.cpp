@@ -1,3 +1,4 @@
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -6,48 +7,70 @@
 #include "tools/Files.h"
 #include "tools/Printing.h"
 
-// tree, text, show: from a file to standard output.
+// tree, text, show: from files to standard output.
 
 namespace tool {
 namespace {
 
 struct RecordOptions {
     std::string recordClass;
-    std::string file = "-";
+    std::vector<std::string> files;
     bool indent = false;
+    bool json = false;
 };
 
 using Options = std::shared_ptr<RecordOptions>;
 
 Options DeclareInput(CLI::App* command) {
     auto options = std::make_shared<RecordOptions>();
-    std::vector<std::string> names;
-    for (const RecordClass& each : RecordClasses()) {
-        names.emplace_back(each.name);
-    }
-    command->add_option("--record", options->recordClass, "Record class, \"DataAlbum\" for example")
-        ->check(CLI::IsMember(names))
-        ->type_name("CLASS");
-    command->add_option("file", options->file, "Input; \"-\" is standard input")->type_name("FILE");
+    DeclareRecordClass(command, &options->recordClass);
+    command->add_option("file", options->files, "Input; \"-\", as without one, is standard input")
+        ->type_name("FILE");
     return options;
 }
 
-/// Prints what `print` makes of the command's input.
-template <class Printer>
-int PrintInput(const RecordOptions& options, const Printer& print) {
-    const Result<std::string> text = ReadFile(options.file);
-    if (!text) {
-        return StatusOf(text.failure());
-    }
-    const std::string where = DisplayName(options.file);
-    return StatusOf(Print(print(*text, where, FindClass(&RecordClass::name, options.recordClass))));
+void DeclareJson(CLI::App* command, const Options& options) {
+    command->add_flag("--json", options->json, "One line of JSON for each document");
 }
 
-int PrintSoapAs(Form form, const RecordOptions& options) {
-    return PrintInput(options, [form](const std::string& soap, const std::string& where,
-                                      const RecordClass* chosen) {
-        return PrintSoap(soap, where, chosen, form);
-    });
+/// Prints a document's text, as it was read, in a form.
+using Printer = Result<std::string> (*)(const std::string& text, const std::string& where,
+                                        const RecordClass* chosen, Form form);
+
+Result<std::string> PrintFile(const std::string& path, const RecordOptions& options, Form form,
+                              Printer print) {
+    const Result<std::string> text = ReadFile(path);
+    return text ? print(*text, DisplayName(path),
+                        FindClass(&RecordClass::name, options.recordClass), form)
+                : text;
+}
+
+/// What stands ahead of a document's output where there are several, in the way of head.
+std::string Heading(const std::string& path, bool isFirst) {
+    return (isFirst ? "==> " : "\n==> ") + DisplayName(path) + " <==\n";
+}
+
+/// Prints all documents; one that is bad is no reason to leave out the others.
+int PrintFiles(const RecordOptions& options, Form form, Printer print) {
+    const std::vector<std::string> files =
+        options.files.empty() ? std::vector<std::string>{"-"} : options.files;
+    const bool hasHeadings = files.size() > 1 && form != Form::kJson;
+    bool isFirst = true;
+    int status = 0;
+    for (const std::string& path : files) {
+        const Result<std::string> printed = PrintFile(path, options, form, print);
+        if (!printed) {
+            status = StatusOf(printed.failure());
+            continue;
+        }
+        const Result<Done> written =
+            WriteOutput(hasHeadings ? Heading(path, isFirst) + *printed : *printed);
+        if (!written) {
+            return StatusOf(written);
+        }
+        isFirst = false;
+    }
+    return status;
 }
 
 }  // namespace
@@ -56,18 +79,24 @@ Run DeclareTree(CLI::App* command) {
     const Options options = DeclareInput(command);
     command->add_flag("--indent", options->indent, "One element a line");
     return [options] {
-        return PrintSoapAs(options->indent ? Form::kIndentedTree : Form::kTree, *options);
+        return PrintFiles(*options, options->indent ? Form::kIndentedTree : Form::kTree, PrintSoap);
     };
 }
 
 Run DeclareText(CLI::App* command) {
     const Options options = DeclareInput(command);
-    return [options] { return PrintInput(*options, PrintText); };
+    DeclareJson(command, options);
+    return [options] {
+        return PrintFiles(*options, options->json ? Form::kJson : Form::kText, PrintText);
+    };
 }
 
 Run DeclareShow(CLI::App* command) {
     const Options options = DeclareInput(command);
-    return [options] { return PrintSoapAs(Form::kText, *options); };
+    DeclareJson(command, options);
+    return [options] {
+        return PrintFiles(*options, options->json ? Form::kJson : Form::kText, PrintSoap);
+    };
 }
 
 }  // namespace tool

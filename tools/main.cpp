@@ -22,6 +22,8 @@ const struct {
     {"tree", "Print the element tree of a SOAP response", tool::DeclareTree},
     {"text", "Print the record of an element tree", tool::DeclareText},
     {"show", "Print the record of a SOAP response", tool::DeclareShow},
+    {"diff", "Compare two documents of a record class", tool::DeclareDiff},
+    {"records", "List the record classes and their elements", tool::DeclareRecords},
     {"fetch", "Ask a service and print its answer", tool::DeclareFetch},
     {"serve", "Answer as the service would", tool::DeclareServe},
     {"error", "Print the message of a result code", tool::DeclareError},

@@ -60,10 +60,9 @@ TEST(Usage, RecordClassIsKnown) {
 
 TEST(Usage, SurplusArgumentsAreNamed) {
     ExpectWrongUsage({
-        {{"tree", "one.xml", "two.xml"}, {"two.xml"}},
-        {{"text", "one.xml", "two.xml"}, {"two.xml"}},
-        {{"show", "one.xml", "two.xml"}, {"two.xml"}},
         {{"show", "--indent"}, {"--indent"}},
+        {{"diff", "one.xml", "two.xml", "three.xml"}, {"three.xml"}},
+        {{"records", "DataAlbum", "DataArtist"}, {"DataArtist"}},
         {{"fetch", "--endpoint", kEndpoint, "track", "Tra.1", "Tra.2"}, {"Tra.2"}},
         {{"serve", "--port", "0", "more"}, {"more"}},
         {{"demo", "more"}, {"more"}},
@@ -132,7 +131,8 @@ TEST(Usage, HelpAndVersionAreNoErrors) {
 
 TEST(Usage, HelpNamesEveryCommand) {
     const std::string help = RunTool({"--help"}).output;
-    for (const char* const command : {"tree", "text", "show", "fetch", "serve", "error", "demo"}) {
+    for (const char* const command :
+         {"tree", "text", "show", "diff", "records", "fetch", "serve", "error", "demo"}) {
         EXPECT_NE(help.find("\n  " + std::string(command) + " "), std::string::npos) << command;
     }
 }

@@ -1,0 +1,103 @@
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "tools/CommandLine.h"
+#include "tools/Differences.h"
+#include "tools/Files.h"
+#include "tools/Printing.h"
+
+namespace tool {
+namespace {
+
+// The exit statuses of diff.
+constexpr int kSame = 0;
+constexpr int kDifferent = 1;
+constexpr int kTrouble = 2;
+
+struct DiffOptions {
+    std::string recordClass;
+    std::string left;
+    std::string right;
+    bool json = false;
+};
+
+int Fail(const Failure& failure) {
+    Report(failure);
+    return kTrouble;
+}
+
+Result<Records> Read(const std::string& path, const RecordClass* chosen) {
+    const Result<std::string> text = ReadFile(path);
+    return text ? ReadDocument(*text, DisplayName(path), chosen) : text.failure();
+}
+
+/// Makes both documents ones of one class, if they can be: a root that two classes write, "Album",
+/// is of the one that the other document is of.
+Result<Done> Reconcile(const DiffOptions& options, Records* left, Records* right) {
+    if (left->record != right->record && left->record->treeElement == right->record->treeElement) {
+        const bool isLeftSure = left->isSoap;
+        (isLeftSure ? right : left)->record = (isLeftSure ? left : right)->record;
+    }
+    if (left->record == right->record && left->isList == right->isList) {
+        return Done();
+    }
+    const auto name = [](const Records& records) {
+        return std::string(records.isList ? "a list of " : "") + std::string(records.record->name);
+    };
+    return Failure{DisplayName(options.right), "it holds " + name(*right) + ", but " +
+                                                   DisplayName(options.left) + " holds " +
+                                                   name(*left)};
+}
+
+std::string Printed(const Json& left, const Json& right, const RecordShape& shape, bool asPatch) {
+    if (asPatch) {
+        return JsonText(Json::diff(left, right)) + "\n";
+    }
+    std::string all;
+    for (const std::string& line : Differences(left, right, shape)) {
+        all += line + "\n";
+    }
+    return all;
+}
+
+int Diff(const DiffOptions& options) {
+    const RecordClass* const chosen = FindClass(&RecordClass::name, options.recordClass);
+    Result<Records> left = Read(options.left, chosen);
+    if (!left) {
+        return Fail(left.failure());
+    }
+    Result<Records> right = Read(options.right, chosen);
+    if (!right) {
+        return Fail(right.failure());
+    }
+    const Result<Done> areOfOneClass = Reconcile(options, &*left, &*right);
+    if (!areOfOneClass) {
+        return Fail(areOfOneClass.failure());
+    }
+    const RecordShape& shape = ShapeOf(left->record->name);
+    const Json leftJson = JsonOf(*left);
+    const Json rightJson = JsonOf(*right);
+    const Result<Done> written = WriteOutput(Printed(leftJson, rightJson, shape, options.json));
+    if (!written) {
+        return Fail(written.failure());
+    }
+    return Differences(leftJson, rightJson, shape).empty() ? kSame : kDifferent;
+}
+
+}  // namespace
+
+Run DeclareDiff(CLI::App* command) {
+    const auto options = std::make_shared<DiffOptions>();
+    DeclareRecordClass(command, &options->recordClass);
+    command->add_flag("--json", options->json, "Print a JSON patch (RFC 6902)");
+    command->add_option("a", options->left, "SOAP response or element tree; \"-\": standard input")
+        ->type_name("A")
+        ->required();
+    command->add_option("b", options->right, "What it is compared with")
+        ->type_name("B")
+        ->required();
+    return [options] { return Diff(*options); };
+}
+
+}  // namespace tool
