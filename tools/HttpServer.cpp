@@ -16,6 +16,7 @@
 #include <new>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace tool {
 namespace {
@@ -175,6 +176,24 @@ class Connections {
     std::unordered_map<int, Clock::time_point> began_;
 };
 
+/// Older versions of TLS than 1.2 are not offered.
+constexpr char kTlsPriorities[] = "NORMAL:-VERS-ALL:+VERS-TLS1.3:+VERS-TLS1.2";
+
+/// What TLS adds to a server's options. It points to the identity.
+std::vector<MHD_OptionItem> TlsOptions(const std::optional<TlsIdentity>& identity) {
+    const auto text = [](MHD_OPTION option, const char* value) {
+        return MHD_OptionItem{option, 0, const_cast<char*>(value)};
+    };
+    std::vector<MHD_OptionItem> items;
+    if (identity) {
+        items = {text(MHD_OPTION_HTTPS_MEM_CERT, identity->certificates.c_str()),
+                 text(MHD_OPTION_HTTPS_MEM_KEY, identity->key.c_str()),
+                 text(MHD_OPTION_HTTPS_PRIORITIES, kTlsPriorities)};
+    }
+    items.push_back(text(MHD_OPTION_END, nullptr));
+    return items;
+}
+
 int DescriptorOf(MHD_Connection* connection) {
     return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD)->connect_fd;
 }
@@ -189,17 +208,22 @@ class HttpServer::Implementation {
         }
     }
 
-    Result<Done> Start(const std::string& host, int port, Handler handler) {
+    Result<Done> Start(const std::string& host, int port, Handler handler,
+                       HttpServerOptions options) {
         const Result<int> listener = Listen(host, port);
         if (!listener) {
             return listener.failure();
         }
         const bool isIpv6 = host.find(':') != std::string::npos;
-        endpoint_ = "http://" + (isIpv6 ? "[" + host + "]" : host) + ":" +
-                    std::to_string(BoundPort(*listener));
         handler_ = std::move(handler);
+        options_ = std::move(options);
+        endpoint_ = (options_.tls ? "https://" : "http://") + (isIpv6 ? "[" + host + "]" : host) +
+                    ":" + std::to_string(BoundPort(*listener));
         RaiseDescriptorLimit();
-        daemon_ = MHD_start_daemon(MHD_USE_POLL_INTERNAL_THREAD, 0, nullptr, nullptr, OnData, this,
+        const unsigned tls = options_.tls ? MHD_USE_TLS : MHD_NO_FLAG;
+        std::vector<MHD_OptionItem> tlsOptions = TlsOptions(options_.tls);
+        daemon_ = MHD_start_daemon(MHD_USE_POLL_INTERNAL_THREAD | tls, 0, nullptr, nullptr, OnData,
+                                   this, MHD_OPTION_ARRAY, tlsOptions.data(),             //
                                    MHD_OPTION_LISTEN_SOCKET, *listener,                   //
                                    MHD_OPTION_NOTIFY_CONNECTION, OnConnection, this,      //
                                    MHD_OPTION_NOTIFY_COMPLETED, OnCompleted, this,        //
@@ -279,6 +303,7 @@ class HttpServer::Implementation {
     }
 
     Handler handler_;
+    HttpServerOptions options_;
     std::string endpoint_;
     Connections connections_;
     MHD_Daemon* daemon_ = nullptr;
@@ -287,8 +312,9 @@ class HttpServer::Implementation {
 HttpServer::HttpServer() : implementation_(std::make_unique<Implementation>()) {}
 HttpServer::~HttpServer() = default;
 
-Result<Done> HttpServer::Start(const std::string& host, int port, Handler handler) {
-    return implementation_->Start(host, port, std::move(handler));
+Result<Done> HttpServer::Start(const std::string& host, int port, Handler handler,
+                               HttpServerOptions options) {
+    return implementation_->Start(host, port, std::move(handler), std::move(options));
 }
 
 const std::string& HttpServer::Endpoint() const {

@@ -5,9 +5,11 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "tools/Result.h"
+#include "tools/TlsIdentity.h"
 
 namespace tool {
 
@@ -22,6 +24,10 @@ struct HttpAnswer {
     std::string contentType;
     std::string allow;  // the methods that are allowed, where the request's is not; else empty
     std::string body;
+};
+
+struct HttpServerOptions {
+    std::optional<TlsIdentity> tls;  // without it, all is sent in the clear
 };
 
 /// An HTTP server with a thread of its own, which serves all connections as their bytes come: a
@@ -46,9 +52,10 @@ class HttpServer {
     /// Starts to serve, with the answers of the handler, which is called from another thread, for
     /// one request after the other. A request for which it throws is left without an answer. Port 0
     /// takes a free one. To be called once.
-    Result<Done> Start(const std::string& host, int port, Handler handler);
+    Result<Done> Start(const std::string& host, int port, Handler handler,
+                       HttpServerOptions options = {});
 
-    /// Where it listens: "http://127.0.0.1:8080".
+    /// Where it listens: "http://127.0.0.1:8080", or with "https".
     const std::string& Endpoint() const;
 
     /// Ends connections on which no whole request has come, or no whole answer gone, for so long.

@@ -7,6 +7,8 @@
 #include <ctime>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tools/Arguments.h"
 #include "tools/CommandLine.h"
@@ -20,6 +22,7 @@ struct ServeOptions {
     std::string host = "127.0.0.1";
     std::string port = "8080";
     std::string catalog;
+    std::vector<std::string> tls;  // none, or the paths of the certificate and its key
 };
 
 /// The signals that end a server.
@@ -50,6 +53,19 @@ Result<Done> CheckFolder(const std::string& path) {
     return Done();
 }
 
+/// What the server is started with beside its address.
+Result<HttpServerOptions> ServerOptions(const ServeOptions& options) {
+    HttpServerOptions server;
+    if (!options.tls.empty()) {
+        Result<TlsIdentity> identity = ReadTlsIdentity(options.tls[0], options.tls[1]);
+        if (!identity) {
+            return identity.failure();
+        }
+        server.tls = std::move(*identity);
+    }
+    return server;
+}
+
 /// Serves from a catalogue until the process is told to end.
 Result<Done> Serve(const ServeOptions& options) {
     const std::string& folder = options.catalog;
@@ -57,11 +73,16 @@ Result<Done> Serve(const ServeOptions& options) {
     if (!usable) {
         return usable.failure();
     }
+    Result<HttpServerOptions> server = ServerOptions(options);
+    if (!server) {
+        return server.failure();
+    }
     StandIn service(folder.empty() ? Catalog() : Catalog(folder));
     // Ahead of the line that is printed: whoever reads it may end this process at once.
     const sigset_t signals = EndSignals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    const Result<Done> started = service.Start(options.host, *ParseDecimal(options.port));
+    const Result<Done> started =
+        service.Start(options.host, *ParseDecimal(options.port), std::move(*server));
     Result<Done> announced =
         started ? WriteOutput("listening on " + service.server()->Endpoint() + "\n") : started;
     if (announced) {
@@ -81,6 +102,9 @@ Run DeclareServe(CLI::App* command) {
         ->capture_default_str();
     command->add_option("--catalog", options->catalog, "Folder of SOAP responses, RECORD/ID.xml")
         ->type_name("DIR");
+    command->add_option("--tls", options->tls, "Files with a certificate and its key: serve https")
+        ->expected(2)
+        ->type_name("CERT KEY");
     return [options] { return StatusOf(Serve(*options)); };
 }
 

@@ -139,10 +139,11 @@ HttpAnswer AnswerRequest(const Catalog& catalog, const HttpRequest& request) {
 
 StandIn::StandIn(Catalog catalog) : catalog_(std::move(catalog)) {}
 
-Result<Done> StandIn::Start(const std::string& host, int port) {
-    return server_.Start(host, port, [this](const HttpRequest& request) {
+Result<Done> StandIn::Start(const std::string& host, int port, HttpServerOptions options) {
+    const auto answer = [this](const HttpRequest& request) {
         return AnswerRequest(catalog_, request);
-    });
+    };
+    return server_.Start(host, port, answer, std::move(options));
 }
 
 namespace {

@@ -16,7 +16,7 @@ class StandIn {
     explicit StandIn(Catalog catalog);
 
     /// Starts to serve, from a thread of its own; `port` 0 takes a free one.
-    Result<Done> Start(const std::string& host, int port);
+    Result<Done> Start(const std::string& host, int port, HttpServerOptions options = {});
 
     HttpServer* server() { return &server_; }
 
