@@ -31,7 +31,7 @@ function(quavera_soapcpp2 input)
     add_custom_command(
         OUTPUT ${arg_OUTPUTS}
         COMMAND sh -c "\"$@\" > \"$0\" 2>&1 || { cat \"$0\" >&2; exit 1; }" "${log}"
-                "${GSOAP_SOAPCPP2}" -c++11 -L -w -x ${arg_OPTIONS} "-d${arg_OUTPUT_DIR}" ${input}
+                "${GSOAP_SOAPCPP2}" -c++11 -L -x ${arg_OPTIONS} "-d${arg_OUTPUT_DIR}" ${input}
         DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${input}"
         WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
         COMMENT "Generating SOAP code from ${input}"
