@@ -68,9 +68,22 @@ class ExpatParser {
     }
     ~ExpatParser() = default;
 
+    /// A place in the text. Lines and columns count from 1, columns in characters.
+    struct Place {
+        unsigned long long line;
+        unsigned long long column;
+    };
+
+    /// Where the parser is: at the beginning of what it has called the reader for.
+    Place Here() const {
+        return {XML_GetCurrentLineNumber(parser_.get()),
+                XML_GetCurrentColumnNumber(parser_.get()) + 1ULL};
+    }
+
     /// Ends the reading, for this reason at this place.
-    void Refuse(std::string_view reason) {
-        SetError(reason);  // here and now: the parser goes on a little
+    void Refuse(std::string_view reason) { RefuseAt(Here(), reason); }
+    void RefuseAt(Place place, std::string_view reason) {
+        SetError(place, reason);  // now: the parser goes on a little
         XML_StopParser(parser_.get(), XML_FALSE);
     }
 
@@ -112,7 +125,7 @@ class ExpatParser {
             throw std::bad_alloc();
         }
         if (code != XML_ERROR_NONE && error_.empty()) {
-            SetError(XML_ErrorString(code));
+            SetError(Here(), XML_ErrorString(code));
         }
     }
 
@@ -174,12 +187,10 @@ class ExpatParser {
 
     /// With the place ahead of the reason: "line 3, column 7: ". By snprintf, as std::to_string
     /// takes half a kilobyte of code here.
-    void SetError(std::string_view reason) {
+    void SetError(Place place, std::string_view reason) {
         std::array<char, 64> text;  // for two numbers of 64 bits
-        std::snprintf(
-            text.data(), text.size(), "line %llu, column %llu: ",
-            static_cast<unsigned long long>(XML_GetCurrentLineNumber(parser_.get())),
-            static_cast<unsigned long long>(XML_GetCurrentColumnNumber(parser_.get())) + 1);
+        std::snprintf(text.data(), text.size(), "line %llu, column %llu: ", place.line,
+                      place.column);
         error_ = text.data();
         error_ += reason;
     }

@@ -53,22 +53,15 @@ bool IsStartOf(std::string_view name, std::string_view line) {
            std::string_view(" \t\r\n/>").find(behind.front()) != std::string_view::npos;
 }
 
-/// The trees of a text that holds several of one name, each beginning with a line, as they are
-/// printed; none where it is not of that kind.
-Trees SplitTrees(std::string_view text, std::string_view name) {
+/// The trees of a text that holds several of one name; none where it is not of that kind.
+Trees ParseList(std::string_view text, std::string_view name) {
     Trees trees;
-    while (!text.empty()) {
-        std::size_t end = 0;
-        do {
-            end = text.find('\n', end);
-            end = end == std::string_view::npos ? text.size() : end + 1;
-        } while (end < text.size() && !IsStartOf(name, text.substr(end)));
-        Tree tree = ZQXML::ParseXml(text.substr(0, end));
+    for (const std::string_view each : SplitAtRoots(text, name)) {
+        Tree tree = ZQXML::ParseXml(each);
         if (!tree) {
             return {};
         }
         trees.push_back(std::move(tree));
-        text.remove_prefix(end);
     }
     return trees;
 }
@@ -79,7 +72,7 @@ Result<Records> ReadList(const std::string& xml, const RecordClass* chosen,
     for (const RecordClass& record : RecordClasses()) {
         const bool isWanted = chosen == nullptr || chosen == &record;
         if (isWanted && record.AnswersWithList() && IsStartOf(record.treeElement, xml)) {
-            Trees trees = SplitTrees(xml, record.treeElement);
+            Trees trees = ParseList(xml, record.treeElement);
             return trees.empty() ? Result<Records>(otherwise)
                                  : Records{&record, true, std::move(trees), false};
         }
@@ -148,6 +141,20 @@ Result<Records> ReadDocument(const std::string& text, const std::string& where,
     }
     const Result<Records> records = ReadSoapRecords(text, where, chosen);
     return records ? ThroughText(*records, where) : records.failure();
+}
+
+std::vector<std::string_view> SplitAtRoots(std::string_view text, std::string_view name) {
+    std::vector<std::string_view> texts;
+    while (!text.empty()) {
+        std::size_t end = 0;
+        do {
+            end = text.find('\n', end);
+            end = end == std::string_view::npos ? text.size() : end + 1;
+        } while (end < text.size() && !IsStartOf(name, text.substr(end)));
+        texts.push_back(text.substr(0, end));
+        text.remove_prefix(end);
+    }
+    return texts;
 }
 
 std::string Printed(const Records& records, Form form) {

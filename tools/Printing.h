@@ -2,6 +2,8 @@
 #define QUAVERA_TOOLS_PRINTING_H_
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "tools/Json.h"
 #include "tools/RecordClasses.h"
@@ -33,6 +35,9 @@ Result<Records> ReadAnswer(const std::string& soap, const std::string& where,
 /// Of an element tree, or of several one after the other, which a list of records makes.
 Result<Records> ReadTrees(const std::string& xml, const std::string& where,
                           const RecordClass* chosen);
+
+/// Of the text of such a list, that of each tree: it begins with a line.
+std::vector<std::string_view> SplitAtRoots(std::string_view text, std::string_view name);
 
 /// Of either, with the trees of a SOAP response by way of their text form, as receivers have them.
 Result<Records> ReadDocument(const std::string& text, const std::string& where,

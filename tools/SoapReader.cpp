@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/ExpatParser.h"
+#include "tools/EnvelopeWalk.h"
 
 namespace tool {
 namespace {
@@ -49,9 +50,6 @@ const XML_Char* FindAttribute(const XML_Char** attributes, std::string_view loca
     return nullptr;
 }
 
-/// In which part of the envelope the parser is.
-enum class Part { kNone, kHeader, kBody, kOther };
-
 class SoapReader : public quavera::ExpatParser<SoapReader> {
  public:
     /// Of a text that was parsed.
@@ -59,32 +57,33 @@ class SoapReader : public quavera::ExpatParser<SoapReader> {
 
     void Start(const XML_Char* name, const XML_Char** attributes) {
         const std::string_view local = WithoutPrefix(name);
-        const std::size_t level = depth_++;
-        if (level == 0 && local == "Envelope") {
-            OpenEnvelope(name, attributes);
-        } else if (level == 1 && hasEnvelope_) {
-            OpenPart(local);
-        } else if (level == 2 && part_ == Part::kHeader) {
-            CheckHeaderEntry(local, attributes);
-        } else if (level == 0 || (level == 2 && part_ == Part::kBody && !hasRecord_)) {
-            message_.recordElement = local;
-            hasRecord_ = isRecord_ = true;
-        }
-        if (isRecord_) {
-            WriteStart(local, attributes);
+        switch (walk_.Start(local)) {
+            case EnvelopeWalk::Role::kEnvelope:
+                OpenEnvelope(name, attributes);
+                break;
+            case EnvelopeWalk::Role::kHeaderEntry:
+                CheckHeaderEntry(local, attributes);
+                break;
+            case EnvelopeWalk::Role::kRecord:
+                message_.recordElement = local;
+                WriteStart(local, attributes);
+                break;
+            case EnvelopeWalk::Role::kWithinRecord:
+                WriteStart(local, attributes);
+                break;
+            case EnvelopeWalk::Role::kOther:
+                break;
         }
     }
 
     void End(const XML_Char* name) {
-        --depth_;
-        if (isRecord_) {
+        if (walk_.End()) {
             WriteEnd(WithoutPrefix(name));
-            isRecord_ = depth_ > (hasEnvelope_ ? 2U : 0U);
         }
     }
 
     void Text(std::string_view text) {
-        if (isRecord_) {
+        if (walk_.IsInRecord()) {
             FinishStartTag();
             Write(text);
         }
@@ -92,22 +91,11 @@ class SoapReader : public quavera::ExpatParser<SoapReader> {
 
  private:
     void OpenEnvelope(std::string_view name, const XML_Char** attributes) {
-        hasEnvelope_ = true;
         const std::string_view space = OwnNamespace(name, attributes);
         if (space == kSoap12) {
             message_.version = SoapVersion::k12;
         } else if (space != kSoap11 && !space.empty()) {
             Refuse("the envelope is none of SOAP: its namespace is \"" + std::string(space) + "\"");
-        }
-    }
-
-    /// Of several bodies the first one counts.
-    void OpenPart(std::string_view local) {
-        if (local == "Header") {
-            part_ = Part::kHeader;
-        } else {
-            part_ = local == "Body" && !hasBody_ ? Part::kBody : Part::kOther;
-            hasBody_ = hasBody_ || local == "Body";
         }
     }
 
@@ -169,12 +157,7 @@ class SoapReader : public quavera::ExpatParser<SoapReader> {
     }
 
     SoapMessage message_;
-    std::size_t depth_ = 0;  // the number of open elements
-    bool hasEnvelope_ = false;
-    bool hasBody_ = false;
-    Part part_ = Part::kNone;
-    bool hasRecord_ = false;
-    bool isRecord_ = false;        // the parser is within the record element
+    EnvelopeWalk walk_;
     bool isStartTagOpen_ = false;  // its ">" or "/>" is still to be written
 };
 
