@@ -21,6 +21,19 @@ if(QUAVERA_PLATFORM STREQUAL "bundled")
         DESTINATION ${quavera_header_dir}/platform)
     install(FILES records/RecordText.h DESTINATION ${quavera_header_dir}/records)
 
+    # Where gdb looks for it: below a folder of its own, by the full path of the library's real file,
+    # which only the installation knows.
+    install(CODE "
+        set(path_kind REALPATH)
+        if(NOT \"\$ENV{DESTDIR}\" STREQUAL \"\")
+            set(path_kind ABSOLUTE)  # links of this machine are not those of the one that it is for
+        endif()
+        get_filename_component(quavera_gdb_libdir \"${CMAKE_INSTALL_LIBDIR}\" \${path_kind}
+            BASE_DIR \"\${CMAKE_INSTALL_PREFIX}\")")
+    install(FILES platform/gdb/libzqshared-gdb.py
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/gdb/auto-load\${quavera_gdb_libdir}"
+        RENAME "$<TARGET_FILE_NAME:zqshared>-gdb.py")
+
     install(TARGETS quavera-tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(FILES docs/quavera.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endif()
