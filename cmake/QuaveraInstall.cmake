@@ -36,6 +36,8 @@ if(QUAVERA_PLATFORM STREQUAL "bundled")
 
     install(TARGETS quavera-tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(FILES docs/quavera.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES packaging/quavera.bash RENAME quavera
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 endif()
 
 install(FILES

@@ -23,7 +23,7 @@ std::optional<int> ParseDecimal(const std::string& text) {
 }
 
 std::string CheckCode(const std::string& text) {
-    return ParseDecimal(text) ? "" : "code: \"" + text + "\" is no number";
+    return ParseDecimal(text) ? "" : "\"" + text + "\" is no number";
 }
 
 std::string CheckSeconds(const std::string& text) {

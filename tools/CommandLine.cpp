@@ -1,6 +1,10 @@
 #include "tools/CommandLine.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "tools/Files.h"
+#include "tools/NearestName.h"
 #include "tools/RecordClasses.h"
 
 namespace tool {
@@ -13,9 +17,39 @@ std::vector<std::string> RecordClassNames() {
     return names;
 }
 
+std::vector<std::string> RequestNames() {
+    std::vector<std::string> names;
+    for (const RecordClass& each : RecordClasses()) {
+        if (!each.kind.empty()) {
+            names.emplace_back(each.kind);
+        }
+    }
+    return names;
+}
+
+std::string Listed(const std::vector<std::string>& names) {
+    std::string list;
+    for (std::size_t at = 0; at < names.size(); ++at) {
+        const char* const separator = at == 0 ? "" : at + 1 == names.size() ? " or " : ", ";
+        list += separator + names[at];
+    }
+    return list;
+}
+
+CLI::Validator OneOf(std::vector<std::string> names, const std::string& what) {
+    const auto check = [names = std::move(names), what](const std::string& name) {
+        const bool isOne = std::find(names.begin(), names.end(), name) != names.end();
+        return isOne ? std::string() : "\"" + name + "\" is no " + what + DidYouMean(name, names);
+    };
+    return CLI::Validator(check, "");
+}
+
 void DeclareRecordClass(CLI::App* command, std::string* recordClass) {
-    command->add_option("--record", *recordClass, "Record class, \"DataAlbum\" for example")
-        ->check(CLI::IsMember(RecordClassNames()))
+    command
+        ->add_option("--record", *recordClass,
+                     "The record class, which else is found by the name of the root; \"quavera "
+                     "records\" lists them")
+        ->check(OneOf(RecordClassNames(), "record class"))
         ->type_name("CLASS");
 }
 

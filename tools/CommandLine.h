@@ -31,8 +31,16 @@ Run DeclareServe(CLI::App* command);
 Run DeclareError(CLI::App* command);
 Run DeclareDemo(CLI::App* command);
 
-/// The names of the record classes.
+/// The names of the record classes, and of the requests.
 std::vector<std::string> RecordClassNames();
+std::vector<std::string> RequestNames();
+
+/// "one, two or three".
+std::string Listed(const std::vector<std::string>& names);
+
+/// What an argument is checked by that is one of some names: "\"albun\" is no record; did you
+/// mean \"album\"?"
+CLI::Validator OneOf(std::vector<std::string> names, const std::string& what);
 
 /// Declares `--record CLASS`.
 void DeclareRecordClass(CLI::App* command, std::string* recordClass);

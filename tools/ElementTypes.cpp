@@ -1,14 +1,14 @@
 #include "tools/ElementTypes.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <numeric>
 #include <system_error>
+#include <utility>
 
 #include "base/ExpatParser.h"
 #include "base/Utf8.h"
 #include "platform/zqshared.h"
+#include "tools/NearestName.h"
 #include "tools/ServiceDescription.h"
 
 namespace tool {
@@ -212,10 +212,6 @@ Types ReadDescription() {
     return types;
 }
 
-char Lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 }  // namespace
 
 const ElementType* TreeTypes::TypeOf(const RecordShape& shape) {
@@ -251,31 +247,11 @@ const std::map<std::string, ElementType>& SoapTypes() {
 }
 
 std::string NearestMember(const ElementType& type, std::string_view name) {
-    const auto nearest =
-        std::min_element(type.members.begin(), type.members.end(),
-                         [name](const ElementMember& left, const ElementMember& right) {
-                             return EditDistance(left.name, name) < EditDistance(right.name, name);
-                         });
-    return nearest == type.members.end() ? std::string() : nearest->name;
-}
-
-std::size_t EditDistance(std::string_view left, std::string_view right) {
-    constexpr std::size_t kLongestName = 64;
-    left = left.substr(0, kLongestName);
-    right = right.substr(0, kLongestName);
-    // One line of the table of distances between the beginnings of both.
-    std::vector<std::size_t> distances(right.size() + 1);
-    std::iota(distances.begin(), distances.end(), std::size_t{0});
-    for (std::size_t row = 1; row <= left.size(); ++row) {
-        std::size_t diagonal = std::exchange(distances[0], row);
-        for (std::size_t at = 1; at <= right.size(); ++at) {
-            const bool isSame = Lower(left[row - 1]) == Lower(right[at - 1]);
-            const std::size_t replaced = diagonal + (isSame ? 0 : 1);
-            diagonal = distances[at];
-            distances[at] = std::min({replaced, distances[at] + 1, distances[at - 1] + 1});
-        }
+    std::vector<std::string> names;
+    for (const ElementMember& member : type.members) {
+        names.push_back(member.name);
     }
-    return distances.back();
+    return NearestName(name, names);
 }
 
 }  // namespace tool

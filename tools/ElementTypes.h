@@ -50,10 +50,6 @@ const std::map<std::string, ElementType>& SoapTypes();
 /// without members.
 std::string NearestMember(const ElementType& type, std::string_view name);
 
-/// How many letters have to be added, dropped or replaced to make one name of the other, whatever
-/// their case. Of a long name only as much counts as names have.
-std::size_t EditDistance(std::string_view left, std::string_view right);
-
 }  // namespace tool
 
 #endif  // QUAVERA_TOOLS_ELEMENT_TYPES_H_

@@ -1,6 +1,5 @@
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "tools/Arguments.h"
 #include "tools/CommandLine.h"
@@ -28,12 +27,6 @@ Result<std::string> Fetch(const FetchOptions& options) {
 
 Run DeclareFetch(CLI::App* command) {
     const auto options = std::make_shared<FetchOptions>();
-    std::vector<std::string> kinds;
-    for (const RecordClass& each : RecordClasses()) {
-        if (!each.kind.empty()) {
-            kinds.emplace_back(each.kind);
-        }
-    }
     command->add_option("--endpoint", options->endpoint, "The service's address")
         ->type_name("URL")
         ->check(CheckHttpAddress)
@@ -42,8 +35,8 @@ Run DeclareFetch(CLI::App* command) {
         ->check(CheckSeconds)
         ->type_name("N")
         ->capture_default_str();
-    command->add_option("record", options->kind, "What to ask for")
-        ->check(CLI::IsMember(kinds))
+    command->add_option("record", options->kind, "What to ask for: " + Listed(RequestNames()))
+        ->check(OneOf(RequestNames(), "record"))
         ->type_name("RECORD")
         ->required();
     command->add_option("id", options->id, "Its identifier")->type_name("ID");

@@ -173,7 +173,7 @@ std::string Describe(const RecordsOptions& options) {
 Run DeclareRecords(CLI::App* command) {
     const auto options = std::make_shared<RecordsOptions>();
     command->add_option("class", options->recordClass, "One of them, with its elements")
-        ->check(CLI::IsMember(RecordClassNames()))
+        ->check(OneOf(RecordClassNames(), "record class"))
         ->type_name("CLASS");
     command->add_flag("--json", options->json, "As JSON, with all elements");
     return [options] { return StatusOf(Print(Describe(*options))); };

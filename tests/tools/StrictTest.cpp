@@ -10,6 +10,7 @@
 #include "tests/tools/Files.h"
 #include "tests/tools/Process.h"
 #include "tools/ElementTypes.h"
+#include "tools/NearestName.h"
 
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -126,7 +128,78 @@ TEST(Usage, HelpAndVersionAreNoErrors) {
         EXPECT_NE(outcome.output.find("--help"), std::string::npos) << Line(arguments);
         EXPECT_EQ(outcome.errors, "") << Line(arguments);
     }
-    EXPECT_TRUE(tooltest::Printed(RunTool({"--version"}), QUAVERA_TEST_VERSION "\n"));
+}
+
+TEST(Usage, VersionNamesTheLibrariesToo) {
+    const tooltest::Outcome outcome = RunTool({"--version"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.output.rfind("quavera " QUAVERA_TEST_VERSION "\n", 0), 0U);
+    for (const char* const library : {"gSOAP 2.8.", "expat 2.", "libcurl ", "libmicrohttpd ",
+                                      "GnuTLS 3.", "nlohmann-json 3."}) {
+        EXPECT_NE(outcome.output.find(library), std::string::npos) << outcome.output;
+    }
+}
+
+TEST(Usage, HelpOfACommandIsTheSameEitherWay) {
+    EXPECT_EQ(RunTool({"help"}).output, RunTool({"--help"}).output);
+    for (const std::string command :
+         {"tree", "text", "show", "diff", "records", "fetch", "serve", "error", "demo", "help"}) {
+        const tooltest::Outcome outcome = RunTool({"help", command});
+        EXPECT_EQ(outcome.status, 0) << command;
+        EXPECT_EQ(outcome.output, RunTool({command, "--help"}).output);
+        EXPECT_NE(outcome.output.find("\nusage: quavera " + command), std::string::npos);
+        EXPECT_NE(outcome.output.find("\nexamples:\n  quavera " + command), std::string::npos);
+    }
+}
+
+/// The longest line of a text.
+std::size_t WidthOf(const std::string& text) {
+    std::size_t widest = 0;
+    for (std::size_t begin = 0, end = 0; end != std::string::npos; begin = end + 1) {
+        end = text.find('\n', begin);
+        widest = std::max(widest, std::min(end, text.size()) - begin);
+    }
+    return widest;
+}
+
+TEST(Usage, HelpIsAsWideAsTheTerminal) {
+    const auto width = [](const char* columns) {
+        setenv("COLUMNS", columns, 1);
+        std::string help = RunTool({"help", "show"}).output;
+        unsetenv("COLUMNS");
+        return WidthOf(help.substr(0, help.find("examples:")));
+    };
+    EXPECT_LE(width("50"), 50U);
+    EXPECT_GT(width("100"), 50U);
+    EXPECT_LE(width("100"), 100U);
+    EXPECT_LE(width("9999"), 100U);
+    EXPECT_LE(width("1"), 40U);
+    EXPECT_EQ(width("0"), width("80"));
+    EXPECT_EQ(width("wide"), width("80"));
+}
+
+TEST(Usage, NearNamesAreOffered) {
+    ExpectWrongUsage({
+        {{"shwo"}, {"shwo: no such command", "did you mean \"show\"?"}},
+        {{"show", "--jsn"}, {"show: no such option: --jsn", "did you mean \"--json\"?"}},
+        {{"--vresion"}, {"no such option: --vresion", "\"--version\""}},
+        {{"show", "--record", "DataAlbm"}, {"\"DataAlbm\"", "did you mean \"DataAlbum\"?"}},
+        {{"records", "dataalbum"}, {"did you mean \"DataAlbum\"?"}},
+        {{"fetch", "--endpoint", kEndpoint, "albun"}, {"\"albun\"", "\"album\"?"}},
+        {{"help", "shw"}, {"\"shw\" is no command", "\"show\"?"}},
+    });
+    // Not what is far.
+    EXPECT_EQ(RunTool({"frobnicate"}).errors, "quavera: frobnicate: no such command\n");
+}
+
+TEST(Usage, OptionAheadOfTheCommandIsNoCommand) {
+    ExpectWrongUsage(
+        {{{"--json", "show"}, {"no such option: --json"}}, {{"-x"}, {"no such option: -x"}}});
+}
+
+TEST(Usage, FailureIsToldOnce) {
+    EXPECT_EQ(RunTool({"error", "abc"}).errors, "quavera: error: code: \"abc\" is no number\n");
 }
 
 TEST(Usage, HelpNamesEveryCommand) {
