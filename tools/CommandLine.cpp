@@ -41,7 +41,7 @@ CLI::Validator OneOf(std::vector<std::string> names, const std::string& what) {
         const bool isOne = std::find(names.begin(), names.end(), name) != names.end();
         return isOne ? std::string() : "\"" + name + "\" is no " + what + DidYouMean(name, names);
     };
-    return CLI::Validator(check, "");
+    return {check, ""};
 }
 
 void DeclareRecordClass(CLI::App* command, std::string* recordClass) {

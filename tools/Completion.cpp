@@ -63,7 +63,7 @@ Words Argument(const CLI::App& app, const CLI::App& command, const Words& words)
     for (std::size_t at = 0; at + 1 < words.size(); ++at) {
         const CLI::Option* const option = OptionBefore(command, words[at]);
         if (option != nullptr) {
-            const std::size_t values = static_cast<std::size_t>(option->get_type_size());
+            const auto values = static_cast<std::size_t>(option->get_type_size());
             if (at + values + 1 >= words.size()) {
                 return ValuesOf(app, *option);
             }

@@ -4,8 +4,10 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <utility>
 
 #include "tools/CommandLine.h"
@@ -21,6 +23,11 @@ constexpr char kKind[] = "album";
 constexpr char kId[] = "Alb.40013100";
 constexpr char kReceiver[] = "second process";  // in messages
 
+/// Tells on standard error what comes next, so that the output is only what the library made.
+void Say(const std::string& text) {
+    std::fprintf(stderr, "demo: %s\n", text.c_str());
+}
+
 /// The second process: reads a tree as text, fills the record from it and prints its log text.
 /// Returns its exit status.
 int Receive(std::FILE* trees) {
@@ -29,6 +36,9 @@ int Receive(std::FILE* trees) {
         return EXIT_FAILURE;  // the sender has nothing to send, and says why
     }
     const Result<std::string> text = tree ? PrintText(*tree, "pipe", nullptr) : tree;
+    if (text) {
+        Say("a second process has read the record from that text; its log text:");
+    }
     const Result<Done> written = text ? WriteOutput(*text) : text.failure();
     if (!written) {
         Report(written.failure());
@@ -71,6 +81,7 @@ Result<std::string> FetchTree() {
     if (!started) {
         return started.failure();
     }
+    Say("a stand-in for the service listens on " + service.server()->Endpoint());
     return Fetch({service.server()->Endpoint()}, *FindClass(&RecordClass::kind, kKind), kId,
                  Form::kIndentedTree);
 }
@@ -78,6 +89,10 @@ Result<std::string> FetchTree() {
 /// Prints the record's tree and hands it to the second process.
 Result<Done> Send(std::FILE* trees) {
     const Result<std::string> tree = FetchTree();
+    if (tree) {
+        Say(std::string("a SOAP client has fetched the ") + kKind + " " + kId +
+            "; its element tree:");
+    }
     const Result<Done> printed = tree ? WriteOutput(*tree) : tree.failure();
     return printed ? WriteStream(trees, kReceiver, *tree) : printed;
 }

@@ -89,6 +89,7 @@ bool IsLetter(const std::string& text) {
 constexpr char kAnyText[] = "a text";
 constexpr char kInt[] = "a number from -2147483648 to 2147483647";
 constexpr char kUnsignedInt[] = "a number from 0 to 4294967295";
+constexpr char kFlag[] = R"("true" or "false")";
 constexpr char kLong[] = "a number of 64 bits";
 
 const ElementType kText = {kAnyText, IsAnyText, {}};
@@ -99,7 +100,7 @@ const ElementType* TreeTypeOf(Content content) {
     static const ElementType letter = {"two hexadecimal digits", IsLetter, {}};
     static const ElementType number = {kInt, IsTreeNumber<std::int32_t>, {}};
     static const ElementType unsignedNumber = {kUnsignedInt, IsTreeNumber<std::uint32_t>, {}};
-    static const ElementType flag = {"\"true\" or \"false\"", IsTreeFlag, {}};
+    static const ElementType flag = {kFlag, IsTreeFlag, {}};
     switch (content) {
         case Content::kText:
         case Content::kMarkedText:
@@ -126,7 +127,7 @@ const std::map<std::string, ElementType>& SchemaTypes() {
         {"int", {kInt, IsSchemaNumber<std::int32_t>, {}}},
         {"unsignedInt", {kUnsignedInt, IsSchemaNumber<std::uint32_t>, {}}},
         {"long", {kLong, IsSchemaNumber<std::int64_t>, {}}},
-        {"boolean", {"\"true\" or \"false\"", IsSchemaFlag, {}}},
+        {"boolean", {kFlag, IsSchemaFlag, {}}},
     };
     return types;
 }

@@ -87,13 +87,14 @@ std::string NameOf(const CLI::Option& option) {
 }
 
 std::string MeaningOf(const CLI::Option& option) {
-    const std::string meaning = option.get_description();
+    const std::string& meaning = option.get_description();
     const std::string value = option.get_default_str();
     return value.empty() ? meaning : meaning + " (default " + value + ")";
 }
 
 std::vector<Entry> EntriesOf(const std::vector<const CLI::Option*>& options) {
     std::vector<Entry> entries;
+    entries.reserve(options.size());
     for (const CLI::Option* const option : options) {
         entries.emplace_back(NameOf(*option), MeaningOf(*option));
     }

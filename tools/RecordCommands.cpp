@@ -51,7 +51,7 @@ Result<std::string> PrintFile(const std::string& path, const RecordOptions& opti
                               const Reading& reading) {
     const Result<std::string> text = ReadFile(path);
     if (!text) {
-        return text;
+        return text.failure();
     }
     const std::string where = DisplayName(path);
     const RecordClass* const chosen = FindClass(&RecordClass::name, options.recordClass);

@@ -39,7 +39,7 @@ ContentName NameOf(Content content) {
         case Content::kUnsigned:
             return {"number", "decimal, 32 bits unsigned"};
         case Content::kFlag:
-            return {"flag", "\"true\" or \"false\""};
+            return {"flag", R"("true" or "false")"};
         case Content::kRecord:
             return {"record", "elements"};
         case Content::kRecords:
