@@ -44,6 +44,7 @@ install(FILES
     common/Branding.h
     common/ClientMessages.h
     common/Export.h
+    common/MessageTexts.h
     common/QuaveraCommon.h
     common/SocketHelpers.h
     common/TextConversion.h

@@ -1,47 +1,51 @@
+#include "common/Branding.h"
+
 #include <algorithm>
 #include <iterator>
 #include <locale>
 #include <string>
 #include <string_view>
 
-#include "common/QuaveraCommon.h"
+#include "common/MessageTexts.h"
 
 namespace {
+
+namespace texts = quavera::texts;
 
 constexpr std::string_view kPlaceholder = "{0}";
 
 struct Message {
     int code;
-    const std::string& text;
+    std::string_view text;
 };
 
 /// All codes with a message of their own; -11 deliberately has none.
-const Message kMessages[] = {
-    {QuavResultAccountInUse, kMessageAccountInUse},
-    {QuavResultOffLine, kMessageOffLine},
-    {QuavResultNetworkError, kMessageNetworkError},
-    {QuavResultServiceError, kMessageServiceError},
-    {QuavResultExpiredAccount, kMessageExpiredAccount},
-    {QuavResultInvalidPassword, kMessageInvalidPassword},
-    {QuavResultInvalidAccountName, kMessageInvalidAccountName},
-    {QuavResultInvalidData, kMessageInvalidData},
-    {QuavResultUnexpectedError, kMessageUnexpectedError},
-    {QuavResultConnectionFailed, kMessageConnectionFailed},
-    {QuavResultInputTooLarge, kMessageInputTooLarge},
-    {QuavResultInvalidTrack, kMessageInvalidTrack},
-    {QuavResultCloseSession, kMessageCloseSession},
-    {QuavResultTooManySessions, kMessageTooManySessions},
-    {QuavResultCommunicationsError, kMessageCommunicationsError},
-    {QuavResultSuccess, kMessageSuccess},
-    {QuavResultEndOfTrack, kMessageEndOfTrack},
-    {QuavResultDataNotAvailable, kMessageDataNotAvailable},
+constexpr Message kMessages[] = {
+    {QuavResultAccountInUse, texts::kAccountInUse},
+    {QuavResultOffLine, texts::kOffLine},
+    {QuavResultNetworkError, texts::kNetworkError},
+    {QuavResultServiceError, texts::kServiceError},
+    {QuavResultExpiredAccount, texts::kExpiredAccount},
+    {QuavResultInvalidPassword, texts::kInvalidPassword},
+    {QuavResultInvalidAccountName, texts::kInvalidAccountName},
+    {QuavResultInvalidData, texts::kInvalidData},
+    {QuavResultUnexpectedError, texts::kUnexpectedError},
+    {QuavResultConnectionFailed, texts::kConnectionFailed},
+    {QuavResultInputTooLarge, texts::kInputTooLarge},
+    {QuavResultInvalidTrack, texts::kInvalidTrack},
+    {QuavResultCloseSession, texts::kCloseSession},
+    {QuavResultTooManySessions, texts::kTooManySessions},
+    {QuavResultCommunicationsError, texts::kCommunicationsError},
+    {QuavResultSuccess, texts::kSuccess},
+    {QuavResultEndOfTrack, texts::kEndOfTrack},
+    {QuavResultDataNotAvailable, texts::kDataNotAvailable},
 };
 
-const std::string& MessageOf(int code) {
+std::string_view MessageOf(int code) {
     const auto* const message =
         std::find_if(std::begin(kMessages), std::end(kMessages),
                      [code](const Message& candidate) { return candidate.code == code; });
-    return message == std::end(kMessages) ? kMessageUnknownError : message->text;
+    return message == std::end(kMessages) ? texts::kUnknownError : message->text;
 }
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
@@ -55,11 +59,12 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
 }  // namespace
 
 std::string QuaveraBrandingToString(QuaveraBranding branding) {
-    return branding == BrandingOstinex ? kBrandingNameOstinex : kBrandingNameQuavera;
+    return branding == BrandingOstinex ? texts::kBrandingNameOstinex : texts::kBrandingNameQuavera;
 }
 
 QuaveraBranding QuaveraBrandingFromString(const std::string& name) {
-    return EqualsIgnoringCase(name, kBrandingNameOstinex) ? BrandingOstinex : BrandingQuavera;
+    return EqualsIgnoringCase(name, texts::kBrandingNameOstinex) ? BrandingOstinex
+                                                                 : BrandingQuavera;
 }
 
 QuaveraBranding GetQuaveraBranding(const std::string& country) {
@@ -69,7 +74,7 @@ QuaveraBranding GetQuaveraBranding(const std::string& country) {
 
 std::string QuavErrorToString(int code, QuaveraBranding branding) {
     const std::string name = QuaveraBrandingToString(branding);
-    std::string text = MessageOf(code);
+    std::string text(MessageOf(code));
     for (std::size_t at = text.find(kPlaceholder); at != std::string::npos;
          at = text.find(kPlaceholder, at)) {
         text.replace(at, kPlaceholder.size(), name);
