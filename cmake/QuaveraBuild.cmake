@@ -5,7 +5,12 @@ include_guard()
 # Programs and libraries find each other in the build tree and in an installed prefix alike.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
-find_package(Threads REQUIRED)
+# Shared, unless it is asked for static ones. The variable is a name of everybody's, so it is only
+# read here.
+set(QUAVERA_LIBRARY_TYPE SHARED)
+if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
+    set(QUAVERA_LIBRARY_TYPE STATIC)
+endif()
 
 add_library(quavera-options INTERFACE)
 target_compile_features(quavera-options INTERFACE cxx_std_17)
@@ -39,8 +44,11 @@ endif()
 if(QUAVERA_HARDENING AND NOT QUAVERA_SANITIZE)
     include(CheckCXXCompilerFlag)
     include(CheckCXXSourceCompiles)
-    include(CheckPIESupported)
-    check_pie_supported(LANGUAGES CXX)
+    if(QUAVERA_TOOL)
+        # Only for a program: what it finds out holds for those of a project around this one, too.
+        include(CheckPIESupported)
+        check_pie_supported(LANGUAGES CXX)
+    endif()
 
     set(hardening -fstack-protector-strong)
     # Elsewhere, GCC probes the stack in functions that need none, and may leave out ones that do:
@@ -107,35 +115,58 @@ function(quavera_for_speed target)
         COMPILE_OPTIONS "$<$<CONFIG:MinSizeRel>:-O2>")
 endfunction()
 
-# quavera_shared_library(<target>): one of the project's libraries. It exports what its headers
+# quavera_library(<target>): one of the project's libraries. A shared one exports what its headers
 # mark, and finds the others beside itself.
-function(quavera_shared_library target)
-    add_library(${target} SHARED)
+function(quavera_library target)
+    add_library(${target} ${QUAVERA_LIBRARY_TYPE})
     add_library(Quavera::${target} ALIAS ${target})
     quavera_own_sources(${target})
     target_compile_features(${target} PUBLIC cxx_std_17)
     target_include_directories(${target} PUBLIC
         "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
         "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/quavera>")
-    target_link_options(${target} PRIVATE
-        LINKER:--no-undefined LINKER:--as-needed
-        "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map")
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON  # a static one may become a part of somebody's shared library
         INSTALL_RPATH "$ORIGIN")
     quavera_harden(${target})
     target_compile_options(${target} PRIVATE
         "$<$<CONFIG:${optimised_configs}>:${frame_warnings}>")
-    if(QUAVERA_SANITIZE)
-        # A sanitizer's runtime comes with the program.
-        set_target_properties(${target} PROPERTIES LINK_OPTIONS "LINKER:--as-needed")
+    if(QUAVERA_LIBRARY_TYPE STREQUAL SHARED)
+        quavera_export_marked(${target})
     endif()
     if(QUAVERA_ABI_CHECK)
         # The record of the interface names sources, wherever they were compiled.
         target_compile_options(${target} PRIVATE -g
-            "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=" "-ffile-prefix-map=${CMAKE_BINARY_DIR}/=")
+            "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=" "-ffile-prefix-map=${PROJECT_BINARY_DIR}/=")
     endif()
+endfunction()
+
+# quavera_export_marked(<target>): how a shared library is linked.
+function(quavera_export_marked target)
+    if(QUAVERA_SANITIZE)
+        # A sanitizer's runtime comes with the program.
+        target_link_options(${target} PRIVATE LINKER:--as-needed)
+        return()
+    endif()
+    target_link_options(${target} PRIVATE
+        LINKER:--no-undefined LINKER:--as-needed
+        "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map")
+endfunction()
+
+# quavera_install_library(<target> <export set> <component>): what a program needs to run with the
+# library is a part of <component>_runtime, the rest of <component>_development.
+function(quavera_install_library target export_set component)
+    install(TARGETS ${target}
+        EXPORT ${export_set}
+        LIBRARY
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT ${component}_runtime
+            NAMELINK_COMPONENT ${component}_development
+        ARCHIVE
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT ${component}_development)
 endfunction()

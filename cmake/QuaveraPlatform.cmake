@@ -40,6 +40,7 @@ foreach(option IN ITEMS BUILD_TESTING QUAVERA_BENCHMARKS)
         set(${option} OFF)
     endif()
 endforeach()
+set(QUAVERA_TOOL OFF)
 
 # A library that is only referred to: so CMake looks into the file, and where that one has no SONAME
 # lets the linker search for it, lest this machine's path become its name for the dynamic loader.

@@ -8,6 +8,7 @@
 #include "common/MessageTexts.h"
 #include "common/SocketHelpers.h"
 #include "common/TextConversion.h"
+#include "common/Version.h"
 
 /// What every component of the integration shares. A source that can do without the messages
 /// includes the header of its topic instead, and saves their copies.

@@ -10,18 +10,6 @@ set(library_build "${WORK_DIR}/library")
 set(prefix "${WORK_DIR}/prefix")
 set(include_dir "${prefix}/${INCLUDEDIR}/quavera")
 
-# configure_fails(<what it says> <source> <build> <argument>...): text and message in any layout.
-function(configure_fails message source build)
-    execute_process(COMMAND "${CMAKE_COMMAND}" -S "${source}" -B "${build}" -G "${GENERATOR}"
-            ${toolchain} ${ARGN}
-        RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
-    string(REGEX REPLACE "[ \n]+" " " text "${output}")
-    string(FIND "${text}" "${message}" position)
-    if(status EQUAL 0 OR position EQUAL -1)
-        fail("not refused with \"${message}\": ${ARGN}\n${status}\n${output}")
-    endif()
-endfunction()
-
 # --- the platform library, as its maker hands it out
 
 # Its header is in two files, one of them named like one of the bundled library's. No other of that
@@ -83,6 +71,7 @@ run("install" "${CMAKE_COMMAND}" --install "${library_build}" --prefix "${prefix
 foreach(path IN ITEMS
         "${LIBDIR}/libquavera.so" "${LIBDIR}/libquavera-soap.so"
         "${LIBDIR}/cmake/Quavera/QuaveraConfig.cmake" "${LIBDIR}/pkgconfig/quavera.pc"
+        "${LIBDIR}/pkgconfig/quavera-soap.pc" "${INCLUDEDIR}/quavera/common/Version.h"
         "${INCLUDEDIR}/quavera/common/QuaveraCommon.h" "${INCLUDEDIR}/quavera/records/QuavData.h"
         "${INCLUDEDIR}/quavera/soap/QuaveraStub.h")
     if(NOT EXISTS "${prefix}/${path}")
@@ -143,7 +132,7 @@ run("run the consumer" ${emulator} "${WORK_DIR}/consumer/consumer")
 
 # Words of a .pc file end at a blank.
 string(REPLACE " " "\\ " moved_in_pc "${moved}")
-compile_with_pkg_config(is_compiled "${prefix}" "${CONSUMER_DIR}/main.cpp"
+compile_with_pkg_config(is_compiled "${prefix}" "quavera quavera-soap" "${CONSUMER_DIR}/main.cpp"
     "${WORK_DIR}/with-pkg-config"
     "--define-variable=platform_includedir=${moved_in_pc}/include"
     "--define-variable=platform_libdir=${moved_in_pc}/lib")

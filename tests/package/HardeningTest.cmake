@@ -6,7 +6,7 @@ cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/PackageTesting.cmake")
 
 file(REMOVE_RECURSE "${WORK_DIR}")
-run("install" "${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${WORK_DIR}/prefix")
+install_build_tree("${WORK_DIR}/prefix")
 file(GLOB programs "${WORK_DIR}/prefix/${BINDIR}/*")
 file(GLOB libraries "${WORK_DIR}/prefix/${LIBDIR}/*.so")
 

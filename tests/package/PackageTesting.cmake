@@ -23,7 +23,7 @@ function(fail)
     message(SEND_ERROR ${ARGN})
 endfunction()
 
-# run(<what> <command>...): the command's output in `output`; a failure shows it.
+# run(<what> <command>...): what the command prints in `output` and `errors`; a failure shows both.
 function(run what)
     execute_process(COMMAND ${ARGN}
         RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
@@ -31,17 +31,45 @@ function(run what)
         fail("${what}: ${status}\n${output}\n${errors}")
     endif()
     set(output "${output}" PARENT_SCOPE)
+    set(errors "${errors}" PARENT_SCOPE)
 endfunction()
 
-# configure(<source> <build> <argument>...): what CMake says in `output`.
+# configure(<source> <build> <argument>...): what CMake says in `output`, warnings in `errors`.
 function(configure source build)
     run("configure ${source}" "${CMAKE_COMMAND}" -S "${source}" -B "${build}" -G "${GENERATOR}"
         ${toolchain} ${ARGN})
     set(output "${output}" PARENT_SCOPE)
+    set(errors "${errors}" PARENT_SCOPE)
 endfunction()
 
 function(build folder)
     run("build in ${folder}" "${CMAKE_COMMAND}" --build "${folder}" --parallel 2 ${ARGN})
+endfunction()
+
+# configure_fails(<what it says> <source> <build> <argument>...): text and message in any layout.
+function(configure_fails message source build)
+    execute_process(COMMAND "${CMAKE_COMMAND}" -S "${source}" -B "${build}" -G "${GENERATOR}"
+            ${toolchain} ${ARGN}
+        RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    string(REGEX REPLACE "[ \n]+" " " text "${output}")
+    string(FIND "${text}" "${message}" position)
+    if(status EQUAL 0 OR position EQUAL -1)
+        fail("not refused with \"${message}\": ${ARGN}\n${status}\n${output}")
+    endif()
+endfunction()
+
+# install_build_tree(<prefix> <argument>...): installs what is under test, and leaves the build
+# tree's account of installations as a user needs it to undo one.
+function(install_build_tree prefix)
+    file(GLOB manifests "${BUILD_DIR}/install_manifest*.txt")
+    set(kept "${WORK_DIR}/manifests")
+    file(REMOVE_RECURSE "${kept}")
+    file(COPY ${manifests} DESTINATION "${kept}")
+    run("install" "${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}" ${ARGN})
+    file(GLOB manifests "${BUILD_DIR}/install_manifest*.txt")
+    file(REMOVE ${manifests})
+    file(GLOB manifests "${kept}/*")
+    file(COPY ${manifests} DESTINATION "${BUILD_DIR}")
 endfunction()
 
 # find_package_in(<variable> <prefix>): the argument that makes a project find the package there.
@@ -67,11 +95,11 @@ function(names_none_of)
     endforeach()
 endfunction()
 
-# compile_with_pkg_config(<variable> <prefix> <source> <program> <pkg-config option>...)
+# compile_with_pkg_config(<variable> <prefix> "<package> ..." <source> <program> <option>...)
 #
-# Links the program with the package in the prefix. The variable is false where there is no
-# pkg-config.
-function(compile_with_pkg_config variable prefix source program)
+# Links the program with these packages of the prefix and nothing else; the options are pkg-config's.
+# The variable is false where there is no pkg-config.
+function(compile_with_pkg_config variable prefix packages source program)
     find_program(pkg_config pkg-config)
     if(NOT pkg_config)
         message(STATUS "pkg-config is not there: its file is not tried")
@@ -79,16 +107,18 @@ function(compile_with_pkg_config variable prefix source program)
         return()
     endif()
     set(ENV{PKG_CONFIG_PATH} "${prefix}/${LIBDIR}/pkgconfig")
-    # The toolchain's library directory is one of a root; the prefix is outside of it.
+    # The toolchain's library directory is one of a root, which the compiler knows; the prefix is
+    # outside of it.
     set(root "$ENV{PKG_CONFIG_SYSROOT_DIR}")
     unset(ENV{PKG_CONFIG_SYSROOT_DIR})
-    run("pkg-config quavera" "${pkg_config}" ${ARGN} --cflags --libs quavera)
+    separate_arguments(packages)
+    if(LIBRARY_TYPE STREQUAL STATIC)
+        list(PREPEND packages --static)
+    endif()
+    run("pkg-config ${packages}" "${pkg_config}" ${ARGN} --cflags --libs ${packages})
     separate_arguments(quavera UNIX_COMMAND "${output}")
     set(ENV{PKG_CONFIG_SYSROOT_DIR} "${root}")
-    run("pkg-config gsoap++" "${pkg_config}" --cflags --libs gsoap++)
-    separate_arguments(gsoap UNIX_COMMAND "${output}")
-    run("compile with pkg-config" "${CXX_COMPILER}" -std=c++17 ${sysroot_flags} ${flags}
-        "${source}" -o "${program}"
-        ${quavera} -lquavera-soap ${gsoap} "-Wl,-rpath,${prefix}/${LIBDIR}")
+    run("compile with pkg-config ${packages}" "${CXX_COMPILER}" -std=c++17 ${sysroot_flags} ${flags}
+        "${source}" -o "${program}" ${quavera} "-Wl,-rpath,${prefix}/${LIBDIR}")
     set(${variable} TRUE PARENT_SCOPE)
 endfunction()
