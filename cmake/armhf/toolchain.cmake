@@ -5,6 +5,14 @@
 set(QUAVERA_SYSROOT "${CMAKE_CURRENT_LIST_DIR}/../../build/armhf-sysroot" CACHE PATH
     "Root folder of the target")
 get_filename_component(QUAVERA_SYSROOT "${QUAVERA_SYSROOT}" ABSOLUTE)
+if(NOT IS_DIRECTORY "${QUAVERA_SYSROOT}/usr")
+    message(FATAL_ERROR
+        "There is no root folder of the target in ${QUAVERA_SYSROOT}. In the project's folder, this "
+        "makes one of Debian's packages, in build/armhf-sysroot, where it is looked for:\n"
+        "  cmake/armhf/sysroot build/armhf-sysroot\n"
+        "\"./run target\" does that too, and then builds and tests. For another root folder, set "
+        "QUAVERA_SYSROOT to its path.")
+endif()
 # The checks that CMake compiles are projects of their own.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES QUAVERA_SYSROOT)
 
