@@ -1,6 +1,8 @@
 #ifndef QUAVERA_TOOLS_CATALOG_H_
 #define QUAVERA_TOOLS_CATALOG_H_
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,14 +15,21 @@ namespace tool {
 /// ("album") and identifier. An empty identifier stands for the one named "default".
 class Catalog {
  public:
+    /// The longest document that is read, in bytes.
+    static constexpr std::size_t kLongestDocument = std::size_t{64} * 1024 * 1024;
+
     /// The sample catalogue that is built into the tool.
     Catalog() = default;
     /// A folder with files `KIND/ID.xml`.
     explicit Catalog(std::string folder) : folder_(std::move(folder)) {}
 
-    /// The text of a document. Identifiers that would lead out of the folder are as unknown as any
-    /// other.
-    Result<std::string> Find(std::string_view kind, const std::string& id) const;
+    /// What a document is called beside its kind: the identifier, or "default".
+    static std::string NameOf(const std::string& id) { return id.empty() ? "default" : id; }
+
+    /// The text of a document; nothing where there is none. Identifiers that would lead out of the
+    /// folder are as unknown as any other. A document that cannot be read is a failure, at
+    /// "album/ID".
+    Result<std::optional<std::string>> Find(std::string_view kind, const std::string& id) const;
 
  private:
     std::string folder_;  // empty: the samples

@@ -8,15 +8,21 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
 #include <new>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 #include <vector>
+
+#include "tools/DelayedConnections.h"
 
 namespace tool {
 namespace {
@@ -28,6 +34,7 @@ constexpr unsigned kMostSecondsOfSilence = 5;
 constexpr std::size_t kMemoryOfConnection = std::size_t{16} * 1024;  // for the request's head
 // Of a request that is too long, so much is read past its limit for the client to see the answer.
 constexpr std::size_t kMostThrownAway = std::size_t{16} * 1024 * 1024;
+constexpr std::size_t kMostSentAtOnce = std::size_t{64} * 1024;
 constexpr rlim_t kOtherDescriptors = 64;
 
 /// Lets this process have as many descriptors as there may be connections, if it is allowed to.
@@ -58,6 +65,11 @@ class Socket {
  private:
     int descriptor_;
 };
+
+std::string HostAndPort(const std::string& host, const std::string& port) {
+    const bool isIpv6 = host.find(':') != std::string::npos;
+    return (isIpv6 ? "[" + host + "]" : host) + ":" + port;
+}
 
 struct FreeAddresses {
     void operator()(addrinfo* addresses) const { freeaddrinfo(addresses); }
@@ -106,36 +118,60 @@ int BoundPort(int listener) {
     return ntohs(reinterpret_cast<const sockaddr_in&>(address).sin_port);
 }
 
-/// A request as far as it has come.
-struct Incoming {
+/// A request as far as it has come, and its answer as far as it has gone.
+struct Exchange {
+    const Clock::time_point began = Clock::now();
     HttpRequest request;
     std::size_t thrownAway = 0;
+    bool hasBegun = false;
+    std::optional<HttpAnswer> answer;
+    std::size_t sent = 0;  // of its body
 };
 
 /// Takes more of a body. False: it is not worth going on.
-bool TakeBody(Incoming* incoming, const char* data, std::size_t size) {
-    std::string* const body = &incoming->request.body;
+bool TakeBody(Exchange* exchange, const char* data, std::size_t size) {
+    std::string* const body = &exchange->request.body;
     const std::size_t kept = std::min(size, HttpServer::kLongestRequest - body->size());
     body->append(data, kept);
-    incoming->thrownAway += size - kept;
-    incoming->request.isTooLong = incoming->thrownAway > 0;
-    return incoming->thrownAway <= kMostThrownAway;
+    exchange->thrownAway += size - kept;
+    exchange->request.isTooLong = exchange->thrownAway > 0;
+    return exchange->thrownAway <= kMostThrownAway;
+}
+
+/// A value of a request's head; empty where there is none.
+const char* HeadValue(MHD_Connection* connection, const char* name) {
+    const char* const value = MHD_lookup_connection_value(connection, MHD_HEADER_KIND, name);
+    return value == nullptr ? "" : value;
 }
 
 /// The length that a request's head gives; 0 where it gives none.
 unsigned long long AnnouncedLength(MHD_Connection* connection) {
-    const char* const length =
-        MHD_lookup_connection_value(connection, MHD_HEADER_KIND, MHD_HTTP_HEADER_CONTENT_LENGTH);
-    return length == nullptr ? 0 : std::strtoull(length, nullptr, 10);
+    return std::strtoull(HeadValue(connection, MHD_HTTP_HEADER_CONTENT_LENGTH), nullptr, 10);
+}
+
+/// Gives the library the next piece of an answer's body.
+ssize_t ReadBody(void* self, std::uint64_t /*position*/, char* buffer, std::size_t size) {
+    auto* const exchange = static_cast<Exchange*>(self);
+    const std::string& body = exchange->answer->body;
+    const std::size_t end = exchange->answer->isCutShort ? body.size() / 2 : body.size();
+    if (exchange->sent == end) {
+        return MHD_CONTENT_READER_END_WITH_ERROR;  // closes the connection
+    }
+    const std::size_t taken = std::min(size, end - exchange->sent);
+    std::memcpy(buffer, body.data() + exchange->sent, taken);
+    exchange->sent += taken;
+    return static_cast<ssize_t>(taken);
 }
 
 struct FreeResponse {
     void operator()(MHD_Response* response) const { MHD_destroy_response(response); }
 };
 
-MHD_Result Send(MHD_Connection* connection, const HttpAnswer& answer) {
-    const std::unique_ptr<MHD_Response, FreeResponse> response(MHD_create_response_from_buffer(
-        answer.body.size(), const_cast<char*>(answer.body.data()), MHD_RESPMEM_MUST_COPY));
+/// Sends the answer of an exchange, which has to stay until it is over.
+MHD_Result Send(MHD_Connection* connection, Exchange* exchange) {
+    const HttpAnswer& answer = *exchange->answer;
+    const std::unique_ptr<MHD_Response, FreeResponse> response(MHD_create_response_from_callback(
+        answer.body.size(), kMostSentAtOnce, ReadBody, exchange, nullptr));
     const auto add = [&response](const char* name, const std::string& value) {
         return value.empty() || MHD_add_response_header(response.get(), name, value.c_str());
     };
@@ -145,27 +181,40 @@ MHD_Result Send(MHD_Connection* connection, const HttpAnswer& answer) {
                : MHD_NO;
 }
 
-/// The open connections, with the time since when each has been at its present exchange.
+/// What is known of a connection.
+struct Connection {
+    Clock::time_point began;   // its present exchange
+    bool hasExchange = false;  // it has had one, or more
+};
+
+/// The open connections, by their descriptors.
 class Connections {
  public:
     /// One for which there is no memory may grow as old as it likes.
-    void Begin(int descriptor) {
+    void Begin(int descriptor, bool hasExchange) {
         const std::lock_guard<std::mutex> lock(mutex_);
         try {
-            began_[descriptor] = Clock::now();
+            open_[descriptor] = {Clock::now(), hasExchange};
         } catch (const std::bad_alloc&) {
-            began_.erase(descriptor);
+            open_.erase(descriptor);
         }
     }
-    void Forget(int descriptor) {
+    /// Returns what was known.
+    std::optional<Connection> Forget(int descriptor) {
         const std::lock_guard<std::mutex> lock(mutex_);
-        began_.erase(descriptor);
+        const auto found = open_.find(descriptor);
+        if (found == open_.end()) {
+            return std::nullopt;
+        }
+        const Connection known = found->second;
+        open_.erase(found);
+        return known;
     }
-    void EndOld(std::chrono::seconds age) {
+    void EndOld(std::chrono::milliseconds age) {
         const std::lock_guard<std::mutex> lock(mutex_);
         const Clock::time_point now = Clock::now();
-        for (const auto& [descriptor, began] : began_) {
-            if (now - began >= age) {
+        for (const auto& [descriptor, connection] : open_) {
+            if (now - connection.began >= age) {
                 shutdown(descriptor, SHUT_RDWR);  // the server's thread sees it, and closes
             }
         }
@@ -173,7 +222,7 @@ class Connections {
 
  private:
     std::mutex mutex_;
-    std::unordered_map<int, Clock::time_point> began_;
+    std::unordered_map<int, Connection> open_;
 };
 
 /// Older versions of TLS than 1.2 are not offered.
@@ -198,11 +247,51 @@ int DescriptorOf(MHD_Connection* connection) {
     return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD)->connect_fd;
 }
 
+/// The other side's address and port.
+std::string ClientOf(MHD_Connection* connection) {
+    const sockaddr* const address =
+        MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS)->client_addr;
+    const bool isIpv6 = address->sa_family == AF_INET6;
+    const socklen_t size = isIpv6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
+    std::array<char, NI_MAXHOST> host{};
+    std::array<char, NI_MAXSERV> port{};
+    if (getnameinfo(address, size, host.data(), host.size(), port.data(), port.size(),
+                    NI_NUMERICHOST | NI_NUMERICSERV) != 0) {
+        return {};
+    }
+    return HostAndPort(host.data(), port.data());
+}
+
+/// The status that the connection's latest request is answered with, by the handler or by the
+/// library itself.
+std::optional<unsigned> StatusOf(MHD_Connection* connection) {
+    const MHD_ConnectionInfo* const info =
+        MHD_get_connection_info(connection, MHD_CONNECTION_INFO_HTTP_STATUS);
+    return info == nullptr || info->http_status == 0 ? std::nullopt
+                                                     : std::optional<unsigned>(info->http_status);
+}
+
+std::chrono::milliseconds Since(Clock::time_point time) {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - time);
+}
+
+/// Runs a callback's work; exceptions must not pass through the server's frames.
+template <class Work>
+auto Guarded(Work work) -> decltype(work()) {
+    try {
+        return work();
+    } catch (...) {
+        return decltype(work())();  // MHD_NO, which closes the connection, or a null pointer
+    }
+}
+
 }  // namespace
 
 class HttpServer::Implementation {
  public:
     ~Implementation() {
+        isEnding_ = true;
+        delayed_.WakeAll();
         if (daemon_ != nullptr) {
             MHD_stop_daemon(daemon_);
         }
@@ -214,18 +303,19 @@ class HttpServer::Implementation {
         if (!listener) {
             return listener.failure();
         }
-        const bool isIpv6 = host.find(':') != std::string::npos;
         handler_ = std::move(handler);
         options_ = std::move(options);
-        endpoint_ = (options_.tls ? "https://" : "http://") + (isIpv6 ? "[" + host + "]" : host) +
-                    ":" + std::to_string(BoundPort(*listener));
+        endpoint_ = (options_.tls ? "https://" : "http://") +
+                    HostAndPort(host, std::to_string(BoundPort(*listener)));
         RaiseDescriptorLimit();
         const unsigned tls = options_.tls ? MHD_USE_TLS : MHD_NO_FLAG;
         std::vector<MHD_OptionItem> tlsOptions = TlsOptions(options_.tls);
-        daemon_ = MHD_start_daemon(MHD_USE_POLL_INTERNAL_THREAD | tls, 0, nullptr, nullptr, OnData,
-                                   this, MHD_OPTION_ARRAY, tlsOptions.data(),             //
+        daemon_ = MHD_start_daemon(MHD_USE_POLL_INTERNAL_THREAD | MHD_ALLOW_SUSPEND_RESUME | tls, 0,
+                                   nullptr, nullptr, OnData, this,                        //
+                                   MHD_OPTION_ARRAY, tlsOptions.data(),                   //
                                    MHD_OPTION_LISTEN_SOCKET, *listener,                   //
                                    MHD_OPTION_NOTIFY_CONNECTION, OnConnection, this,      //
+                                   MHD_OPTION_URI_LOG_CALLBACK, OnRequest, this,          //
                                    MHD_OPTION_NOTIFY_COMPLETED, OnCompleted, this,        //
                                    MHD_OPTION_CONNECTION_LIMIT, kMostConnections,         //
                                    MHD_OPTION_CONNECTION_TIMEOUT, kMostSecondsOfSilence,  //
@@ -240,72 +330,107 @@ class HttpServer::Implementation {
 
     const std::string& Endpoint() const { return endpoint_; }
 
-    void EndOldConnections(std::chrono::seconds age) { connections_.EndOld(age); }
+    void EndOldConnections(std::chrono::milliseconds age) { connections_.EndOld(age); }
 
  private:
-    /// Runs a callback's work; exceptions must not pass through the server's frames.
-    template <class Work>
-    static MHD_Result Guarded(Work work) {
-        try {
-            return work();
-        } catch (...) {
-            return MHD_NO;  // closes the connection
-        }
+    /// Called with a request's first line. What it returns is the state of the other callbacks.
+    static void* OnRequest(void* /*self*/, const char* target, MHD_Connection* /*connection*/) {
+        return Guarded([target] {
+            auto exchange = std::make_unique<Exchange>();
+            exchange->request.target = target;
+            return static_cast<void*>(exchange.release());
+        });
     }
 
-    /// Called first with a request's head, then with each piece of its body, then without one.
+    /// Called first with a request's head, then with each piece of its body, then without one, and
+    /// once more when its answer's delay is over.
     static MHD_Result OnData(void* self, MHD_Connection* connection, const char* /*url*/,
                              const char* method, const char* /*version*/, const char* data,
                              std::size_t* size, void** state) {
         return Guarded([=] {
-            auto* const incoming = static_cast<Incoming*>(*state);
-            if (incoming == nullptr) {
-                return Begin(self, connection, method, state);
+            auto* const exchange = static_cast<Exchange*>(*state);
+            if (exchange == nullptr) {
+                return MHD_NO;
+            }
+            if (!std::exchange(exchange->hasBegun, true)) {
+                exchange->request.method = method;
+                exchange->request.host = HeadValue(connection, MHD_HTTP_HEADER_HOST);
+                exchange->request.isTooLong = AnnouncedLength(connection) > kMostThrownAway;
+                return exchange->request.isTooLong ? Answer(self, connection, exchange) : MHD_YES;
+            }
+            if (exchange->answer) {
+                // At the end of the server, those that are delayed are woken too early.
+                const bool isEnding = static_cast<Implementation*>(self)->isEnding_;
+                return isEnding ? MHD_NO : Send(connection, exchange);
             }
             if (*size > 0) {
                 const std::size_t taken = std::exchange(*size, 0);
-                return TakeBody(incoming, data, taken) ? MHD_YES : MHD_NO;
+                return TakeBody(exchange, data, taken) ? MHD_YES : MHD_NO;
             }
-            return Answer(self, connection, incoming->request);
+            return Answer(self, connection, exchange);
         });
     }
 
-    static MHD_Result Begin(void* self, MHD_Connection* connection, const char* method,
-                            void** state) {
-        auto incoming = std::make_unique<Incoming>();
-        incoming->request.method = method;
-        incoming->request.isTooLong = AnnouncedLength(connection) > kMostThrownAway;
-        const bool isRefused = incoming->request.isTooLong;
-        *state = incoming.release();
-        return isRefused ? Answer(self, connection, static_cast<Incoming*>(*state)->request)
-                         : MHD_YES;
+    static MHD_Result Answer(void* self, MHD_Connection* connection, Exchange* exchange) {
+        auto* const server = static_cast<Implementation*>(self);
+        exchange->answer = server->handler_(exchange->request);
+        const std::chrono::milliseconds delay = exchange->answer->delay;
+        if (delay.count() > 0) {
+            return server->delayed_.Delay(connection, delay) ? MHD_YES : MHD_NO;
+        }
+        return Send(connection, exchange);
     }
 
-    static MHD_Result Answer(void* self, MHD_Connection* connection, const HttpRequest& request) {
-        return Send(connection, static_cast<Implementation*>(self)->handler_(request));
-    }
-
+    /// Called at a request's end, however it ends.
     static void OnCompleted(void* self, MHD_Connection* connection, void** state,
                             MHD_RequestTerminationCode /*code*/) {
-        delete static_cast<Incoming*>(std::exchange(*state, nullptr));
-        static_cast<Implementation*>(self)->connections_.Begin(DescriptorOf(connection));
+        const std::unique_ptr<Exchange> exchange(
+            static_cast<Exchange*>(std::exchange(*state, nullptr)));
+        auto* const server = static_cast<Implementation*>(self);
+        server->connections_.Begin(DescriptorOf(connection), true);
+        if (exchange != nullptr) {
+            server->Tell(connection, exchange->began, exchange.get());
+        }
     }
 
     static void OnConnection(void* self, MHD_Connection* connection, void** /*context*/,
                              MHD_ConnectionNotificationCode code) {
-        Connections& connections = static_cast<Implementation*>(self)->connections_;
+        auto* const server = static_cast<Implementation*>(self);
         const int descriptor = DescriptorOf(connection);
-        if (code == MHD_CONNECTION_NOTIFY_CLOSED) {
-            connections.Forget(descriptor);
-        } else {
-            connections.Begin(descriptor);
+        if (code != MHD_CONNECTION_NOTIFY_CLOSED) {
+            server->connections_.Begin(descriptor, false);
+            return;
         }
+        const std::optional<Connection> known = server->connections_.Forget(descriptor);
+        // That the server itself ends says nothing about a connection.
+        if (known && !known->hasExchange && !server->isEnding_) {
+            server->Tell(connection, known->began, nullptr);
+        }
+    }
+
+    /// Tells of an exchange, or of a connection without one.
+    void Tell(MHD_Connection* connection, Clock::time_point began, const Exchange* exchange) {
+        Guarded([=] {
+            if (options_.onExchange) {
+                HttpExchange told;
+                told.client = ClientOf(connection);
+                told.status = StatusOf(connection);
+                told.duration = Since(began);
+                if (exchange != nullptr && exchange->answer) {
+                    told.subject = exchange->answer->subject;
+                    told.bodySize = exchange->sent;
+                }
+                options_.onExchange(told);
+            }
+        });
     }
 
     Handler handler_;
     HttpServerOptions options_;
     std::string endpoint_;
     Connections connections_;
+    DelayedConnections delayed_;
+    std::atomic<bool> isEnding_ = false;
     MHD_Daemon* daemon_ = nullptr;
 };
 
@@ -321,7 +446,7 @@ const std::string& HttpServer::Endpoint() const {
     return implementation_->Endpoint();
 }
 
-void HttpServer::EndOldConnections(std::chrono::seconds age) {
+void HttpServer::EndOldConnections(std::chrono::milliseconds age) {
     implementation_->EndOldConnections(age);
 }
 

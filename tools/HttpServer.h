@@ -15,8 +15,16 @@ namespace tool {
 
 struct HttpRequest {
     std::string method;
+    std::string target;  // "/service?wsdl", as the client has sent it
+    std::string host;    // what the client calls this server, "127.0.0.1:8080"; may be anything
     std::string body;
     bool isTooLong = false;  // the body has more bytes than are kept
+};
+
+/// What is asked for, in the words of the application.
+struct HttpSubject {
+    std::string operation;          // empty: unknown
+    std::optional<std::string> id;  // without one, unknown
 };
 
 struct HttpAnswer {
@@ -24,15 +32,33 @@ struct HttpAnswer {
     std::string contentType;
     std::string allow;  // the methods that are allowed, where the request's is not; else empty
     std::string body;
+
+    HttpSubject subject;
+    std::chrono::milliseconds delay{0};  // to be waited before it is sent
+    bool isCutShort = false;             // half of the body is sent, then the connection is closed
+};
+
+/// A request and its answer, when they are over.
+struct HttpExchange {
+    std::string client;  // "127.0.0.1:40000"
+    HttpSubject subject;
+    std::optional<unsigned> status;       // none: it was not answered
+    std::optional<std::size_t> bodySize;  // as far as it was sent; none: it is not known
+    std::chrono::milliseconds duration{0};
 };
 
 struct HttpServerOptions {
     std::optional<TlsIdentity> tls;  // without it, all is sent in the clear
+
+    /// Called from the server's thread for each exchange, and for each connection that ends without
+    /// one.
+    std::function<void(const HttpExchange& exchange)> onExchange;
 };
 
 /// An HTTP server with a thread of its own, which serves all connections as their bytes come: a
-/// slow client delays no other. Bounded are a connection's silence, its age without a whole
-/// request, a request's size and the number of connections.
+/// slow client delays no other, and neither does an answer that is delayed. Bounded are a
+/// connection's silence, its age without a whole request, a request's size and the number of
+/// connections.
 class HttpServer {
  public:
     using Handler = std::function<HttpAnswer(const HttpRequest& request)>;
@@ -60,7 +86,7 @@ class HttpServer {
 
     /// Ends connections on which no whole request has come, or no whole answer gone, for so long.
     /// To be called once in a while.
-    void EndOldConnections(std::chrono::seconds age = kLongestExchange);
+    void EndOldConnections(std::chrono::milliseconds age = kLongestExchange);
 
  private:
     class Implementation;

@@ -1,5 +1,6 @@
 #include "tools/StandIn.h"
 
+#include <optional>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -17,20 +18,25 @@ constexpr unsigned kMethodNotAllowed = 405;
 constexpr unsigned kTooLong = 413;
 constexpr unsigned kServerError = 500;
 
-/// What the entry points need beside the request.
+/// What the entry points need beside the request, and tell of it.
 struct Source {
     const Catalog& catalog;
-    SoapVersion version;  // of the request
-    SoapContext reader;   // holds what an answer points to until it is written
+    EvenShare* failed;
+    EvenShare* cutShort;
+    SoapVersion version;            // of the request
+    SoapContext reader;             // holds what an answer points to until it is written
+    std::optional<std::string> id;  // that was asked for
+    bool isCutShort = false;
 };
 
 /// Opens a document of the catalogue, which has to hold what requests of the kind are answered
 /// with.
-Result<SoapDocument> OpenAnswer(const std::string& text, const char* kind) {
-    Result<SoapDocument> document = SoapDocument::Open(text, kind);
+Result<SoapDocument> OpenAnswer(const std::string& text, const char* kind,
+                                const std::string& where) {
+    Result<SoapDocument> document = SoapDocument::Open(text, where);
     const RecordClass& record = *FindClass(&RecordClass::kind, kind);
     if (document && document->RecordElement() != record.answerElement) {
-        return Failure{kind, "the catalogue holds a \"" + document->RecordElement() + "\" there"};
+        return Failure{where, "the catalogue holds a \"" + document->RecordElement() + "\" there"};
     }
     return document;
 }
@@ -39,19 +45,34 @@ void SetVersion(SoapVersion version, struct soap* soap) {
     soap_set_version(soap, version == SoapVersion::k12 ? 2 : 1);
 }
 
+/// Fills an answer from the catalogue's document, which is called `where`.
+template <class Answer>
+Result<Done> Decode(const std::string& text, const char* kind, const std::string& where,
+                    SoapContext* reader, Answer* answer) {
+    const Result<SoapDocument> document = OpenAnswer(text, kind, where);
+    return document ? document->Decode(reader, answer) : document.failure();
+}
+
 /// Answers the request of a kind ("album") that the context holds. For the entry points.
 template <class Answer>
 int Respond(struct soap* soap, const char* kind, const std::string& id, Answer& answer) {
     auto* const source = static_cast<Source*>(soap->user);
     // Not before: with a version, the context would have waited for the end of an envelope.
     SetVersion(source->version, soap);
-    const Result<std::string> text = source->catalog.Find(kind, id);
-    if (!text) {
-        return soap_sender_fault(soap, Message(text.failure()).c_str(), nullptr);
+    source->id = id;
+    if (source->failed->PicksNext()) {
+        return soap_receiver_fault(soap, "a failure that was asked for", nullptr);
     }
-    const Result<SoapDocument> document = OpenAnswer(*text, kind);
+    source->isCutShort = source->cutShort->PicksNext();
+    const std::string name = Catalog::NameOf(id);
+    const Result<std::optional<std::string>> text = source->catalog.Find(kind, id);
+    if (text && !*text) {
+        const Failure unknown = {kind, "no such identifier: \"" + name + "\""};
+        return soap_sender_fault(soap, Message(unknown).c_str(), nullptr);
+    }
+    const std::string where = std::string(kind) + "/" + name;
     const Result<Done> decoded =
-        document ? document->Decode(&source->reader, &answer) : document.failure();
+        text ? Decode(**text, kind, where, &source->reader, &answer) : text.failure();
     if (!decoded) {
         return soap_receiver_fault(soap, Message(decoded.failure()).c_str(), nullptr);
     }
@@ -66,7 +87,7 @@ void WriteTo(std::ostringstream* stream, struct soap* soap) {
 
 HttpAnswer AnswerWith(unsigned status, SoapVersion version, std::string body) {
     const char* const type = version == SoapVersion::k12 ? "application/soap+xml" : "text/xml";
-    return {status, std::string(type) + "; charset=utf-8", "", std::move(body)};
+    return {status, std::string(type) + "; charset=utf-8", "", std::move(body), {}};
 }
 
 /// Writes the fault that the context holds.
@@ -105,25 +126,48 @@ HttpAnswer Refusal(unsigned status, const std::string& reason) {
     return answer;
 }
 
-HttpAnswer AnswerDocument(const Catalog& catalog, const SoapDocument& request) {
-    Source source{catalog, request.version(), {}};
+HttpAnswer AnswerDocument(const SoapDocument& request, Source* source) {
     SoapContext context;
     struct soap* const soap = context.get();
-    soap->user = &source;
+    soap->user = source;
     std::istringstream in;
     std::ostringstream out;
     WriteTo(&out, soap);
     const bool isServed = request.Enter(soap, &in) && Quavera::soap_serve_request(soap) == SOAP_OK;
-    return isServed ? AnswerWith(kOk, request.version(), out.str())
-                    : FaultAnswer(soap, request.version());
+    HttpAnswer answer = isServed ? AnswerWith(kOk, request.version(), out.str())
+                                 : FaultAnswer(soap, request.version());
+    answer.subject = {request.RecordElement(), source->id};
+    answer.isCutShort = source->isCutShort;
+    return answer;
 }
 
-HttpAnswer AnswerRequest(const Catalog& catalog, const HttpRequest& request) {
-    if (request.method != "POST") {
-        HttpAnswer answer = Refusal(kMethodNotAllowed, "requests come by POST");
-        answer.allow = "POST";
-        return answer;
-    }
+/// An answer to a request by another method than POST.
+HttpAnswer AnswerOther() {
+    HttpAnswer answer = Refusal(kMethodNotAllowed, "requests come by POST");
+    answer.allow = "POST";
+    return answer;
+}
+
+}  // namespace
+
+StandIn::StandIn(Catalog catalog, const Mischief& mischief)
+    : catalog_(std::move(catalog)),
+      delay_(mischief.delay),
+      failed_(mischief.failed),
+      cutShort_(mischief.cutShort) {}
+
+Result<Done> StandIn::Start(const std::string& host, int port, HttpServerOptions options) {
+    const auto answer = [this](const HttpRequest& request) { return Answer(request); };
+    return server_.Start(host, port, answer, std::move(options));
+}
+
+HttpAnswer StandIn::Answer(const HttpRequest& request) {
+    HttpAnswer answer = request.method == "POST" ? AnswerPost(request) : AnswerOther();
+    answer.delay = delay_;
+    return answer;
+}
+
+HttpAnswer StandIn::AnswerPost(const HttpRequest& request) {
     if (request.isTooLong) {
         return Refusal(kTooLong, std::string(kMalformed) + ": longer than " +
                                      std::to_string(HttpServer::kLongestRequest) + " bytes");
@@ -132,18 +176,11 @@ HttpAnswer AnswerRequest(const Catalog& catalog, const HttpRequest& request) {
         return Refusal(std::string(kMalformed) + ": empty");
     }
     const Result<SoapDocument> document = SoapDocument::Open(request.body, kMalformed);
-    return document ? AnswerDocument(catalog, *document) : Refusal(Message(document.failure()));
-}
-
-}  // namespace
-
-StandIn::StandIn(Catalog catalog) : catalog_(std::move(catalog)) {}
-
-Result<Done> StandIn::Start(const std::string& host, int port, HttpServerOptions options) {
-    const auto answer = [this](const HttpRequest& request) {
-        return AnswerRequest(catalog_, request);
-    };
-    return server_.Start(host, port, answer, std::move(options));
+    if (!document) {
+        return Refusal(Message(document.failure()));
+    }
+    Source source{catalog_, &failed_, &cutShort_, document->version(), {}, std::nullopt};
+    return AnswerDocument(*document, &source);
 }
 
 namespace {

@@ -30,7 +30,7 @@ HttpAnswer Echo(const HttpRequest& request) {
     if (request.body.empty()) {
         throw std::bad_alloc();
     }
-    return {200, "text/plain", "", request.body};
+    return {200, "text/plain", "", request.body, {}};
 }
 
 class HttpServer : public testing::Test {

@@ -10,8 +10,11 @@ namespace tooltest {
 /// `quavera serve` on a free port, until its owner goes.
 class Server {
  public:
-    /// Answers from the sample catalogue, or from a folder.
+    /// Answers from the sample catalogue, or from a folder, and logs no requests.
     explicit Server(const std::string& catalog = {});
+
+    /// With these arguments, and none but the port beside.
+    explicit Server(const Arguments& arguments);
 
     const std::string& Endpoint() const { return endpoint_; }
     int Port() const;
