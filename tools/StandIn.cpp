@@ -1,11 +1,14 @@
 #include "tools/StandIn.h"
 
+#include <algorithm>
 #include <optional>
+#include <regex>
 #include <sstream>
 #include <string_view>
 #include <utility>
 
 #include "tools/RecordClasses.h"
+#include "tools/ServiceDescription.h"
 #include "tools/SoapDocument.h"
 
 namespace tool {
@@ -141,9 +144,57 @@ HttpAnswer AnswerDocument(const SoapDocument& request, Source* source) {
     return answer;
 }
 
+/// Whether a target's query has a part of that name, in any case.
+bool HasQuery(std::string_view target, std::string_view name) {
+    while (target.find_first_of("?&") != std::string_view::npos) {
+        target.remove_prefix(target.find_first_of("?&") + 1);
+        const std::string_view part = target.substr(0, target.find_first_of("&="));
+        const auto equal = [](char left, char right) {
+            return (left >= 'A' && left <= 'Z' ? left - 'A' + 'a' : left) == right;
+        };
+        if (std::equal(part.begin(), part.end(), name.begin(), name.end(), equal)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The address that a client has used, as far as it can stand in a document as it is; else the
+/// server's own.
+std::string AddressOf(const HttpRequest& request, const std::string& endpoint) {
+    static const std::regex harmlessHost(
+        R"((\[[0-9A-Fa-f:.]{2,45}\]|[A-Za-z0-9._-]{1,253})(:[0-9]{1,5})?)");
+    static const std::regex harmlessPath(R"(/[A-Za-z0-9._~/-]{0,200})");
+    constexpr std::size_t kLongestHost = 300;
+    const std::string path = request.target.substr(0, request.target.find('?'));
+    const bool isHarmless =
+        request.host.size() <= kLongestHost && std::regex_match(request.host, harmlessHost);
+    const std::string scheme = endpoint.substr(0, endpoint.find("://") + 3);
+    const bool hasPath = path.size() <= kLongestHost && std::regex_match(path, harmlessPath);
+    return (isHarmless ? scheme + request.host : endpoint) + (hasPath ? path : "/");
+}
+
+/// The service's description, with an address in place of the one that stands there.
+std::string Describe(const std::string& address) {
+    constexpr std::string_view kBegin = "<SOAP:address location=\"";
+    const std::size_t begin = kServiceDescription.find(kBegin) + kBegin.size();
+    std::string text(kServiceDescription);
+    return text.replace(begin, text.find('"', begin) - begin, address);
+}
+
 /// An answer to a request by another method than POST.
-HttpAnswer AnswerOther() {
-    HttpAnswer answer = Refusal(kMethodNotAllowed, "requests come by POST");
+HttpAnswer AnswerOther(const HttpRequest& request, const std::string& endpoint) {
+    const bool isGet = request.method == "GET" || request.method == "HEAD";
+    const std::string address = AddressOf(request, endpoint);
+    if (isGet && HasQuery(request.target, "wsdl")) {
+        return {kOk, "text/xml; charset=utf-8", "", Describe(address), {"wsdl", std::nullopt}};
+    }
+    const std::string reason = "requests come by POST";
+    HttpAnswer answer = Refusal(kMethodNotAllowed, reason);
+    if (isGet) {  // maybe by somebody with a browser
+        answer.contentType = "text/plain; charset=utf-8";
+        answer.body = reason + "; the service is described at " + address + "?wsdl\n";
+    }
     answer.allow = "POST";
     return answer;
 }
@@ -162,7 +213,8 @@ Result<Done> StandIn::Start(const std::string& host, int port, HttpServerOptions
 }
 
 HttpAnswer StandIn::Answer(const HttpRequest& request) {
-    HttpAnswer answer = request.method == "POST" ? AnswerPost(request) : AnswerOther();
+    HttpAnswer answer =
+        request.method == "POST" ? AnswerPost(request) : AnswerOther(request, server_.Endpoint());
     answer.delay = delay_;
     return answer;
 }

@@ -38,7 +38,8 @@ class EvenShare {
 };
 
 /// A stand-in for the service: answers its request operations from a catalogue, by the generated
-/// server. Unknown identifiers and malformed requests get a SOAP fault.
+/// server. Unknown identifiers and malformed requests get a SOAP fault. GET with the query "wsdl"
+/// gets the service's description.
 class StandIn {
  public:
     explicit StandIn(Catalog catalog, const Mischief& mischief = {});
