@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "tools/Result.h"
 
@@ -30,6 +31,11 @@ class Catalog {
     /// folder are as unknown as any other. A document that cannot be read is a failure, at
     /// "album/ID".
     Result<std::optional<std::string>> Find(std::string_view kind, const std::string& id) const;
+
+    /// Everything that is wrong with the folder, up to a number: documents that are malformed, of
+    /// another record than their folder's, or have values that do not fit; folders and files that
+    /// no request leads to. Hidden files do not count.
+    std::vector<Failure> Check() const;
 
  private:
     std::string folder_;  // empty: the samples

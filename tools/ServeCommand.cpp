@@ -102,6 +102,15 @@ Result<Done> CheckFolder(const std::string& path) {
     return Done();
 }
 
+/// Reports what is wrong with a catalogue. False: something is.
+bool IsFit(const Catalog& catalog) {
+    const std::vector<Failure> findings = catalog.Check();
+    for (const Failure& each : findings) {
+        Report(each);
+    }
+    return findings.empty();
+}
+
 /// What the server is started with beside its address. It uses the log.
 Result<HttpServerOptions> ServerOptions(const ServeOptions& options, RequestLog* log) {
     HttpServerOptions server;
@@ -141,14 +150,14 @@ Result<Done> Serve(const ServeOptions& options, const Catalog& catalog) {
 }
 
 /// Returns the tool's exit status.
-int ServeCatalog(const ServeOptions& options) {
+int CheckAndServe(const ServeOptions& options) {
     const std::string& folder = options.catalog;
     const Result<Done> usable = folder.empty() ? Result<Done>(Done()) : CheckFolder(folder);
     if (!usable) {
         return StatusOf(usable);
     }
     const Catalog catalog = folder.empty() ? Catalog() : Catalog(folder);
-    return StatusOf(Serve(options, catalog));
+    return IsFit(catalog) ? StatusOf(Serve(options, catalog)) : kFailed;
 }
 
 }  // namespace
@@ -175,7 +184,7 @@ Run DeclareServe(CLI::App* command) {
     command->add_option("--truncate", options->cutShort, "Share of answers cut short, in %")
         ->check(CheckPercent)
         ->type_name("N");
-    return [options] { return ServeCatalog(*options); };
+    return [options] { return CheckAndServe(*options); };
 }
 
 }  // namespace tool
