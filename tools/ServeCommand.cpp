@@ -76,7 +76,7 @@ void BlockSignals() {
 
 /// Ends this process soon, whatever the server's thread is at: a large answer, a slow disk.
 void EndInTime() {
-    const itimerval soon = {{0, 0}, {0, 800000}};
+    const itimerval soon = {{0, 0}, {0, 500000}};
     std::signal(SIGALRM, [](int /*number*/) { _exit(0); });
     setitimer(ITIMER_REAL, &soon, nullptr);
 }

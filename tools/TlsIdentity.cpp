@@ -3,6 +3,8 @@
 #include <gnutls/gnutls.h>
 #include <gnutls/x509.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <string_view>
 #include <type_traits>
@@ -83,9 +85,8 @@ Result<Key> ImportKey(const std::string& path, const std::string& text) {
 Result<Done> CheckPair(const std::vector<Certificate>& certificates, const Key& key,
                        const std::string& keyPath) {
     std::vector<gnutls_x509_crt_t> list;
-    for (const Certificate& each : certificates) {
-        list.push_back(each.get());
-    }
+    std::transform(certificates.begin(), certificates.end(), std::back_inserter(list),
+                   [](const Certificate& each) { return each.get(); });
     gnutls_certificate_credentials_t allocated = nullptr;
     int code = gnutls_certificate_allocate_credentials(&allocated);
     const Credentials credentials(allocated);

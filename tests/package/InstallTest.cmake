@@ -26,7 +26,8 @@ foreach(path IN ITEMS
         "${LIBDIR}/pkgconfig/quavera.pc" "${LIBDIR}/pkgconfig/quavera-soap.pc"
         "${LIBDIR}/pkgconfig/zqshared.pc" "${INCLUDEDIR}/quavera/common/QuaveraCommon.h"
         "${INCLUDEDIR}/quavera/platform/zqshared.h" "${INCLUDEDIR}/quavera/records/QuavData.h"
-        "${INCLUDEDIR}/quavera/soap/QuaveraStub.h" "${INCLUDEDIR}/quavera/soap/QuaveraH.h")
+        "${INCLUDEDIR}/quavera/soap/QuaveraStub.h" "${INCLUDEDIR}/quavera/soap/QuaveraH.h"
+        "share/quavera/Quavera.wsdl")
     if(NOT EXISTS "${prefix}/${path}")
         fail("not installed: ${path}")
     endif()

@@ -96,7 +96,7 @@ TEST(Description, HasEveryRecordAndEveryRequest) {
 
 TEST(Description, IsServedWithTheAddressThatTheClientUses) {
     const Server server;
-    const std::string own = server.Endpoint();
+    const std::string& own = server.Endpoint();
     const struct {
         std::string target;
         std::string host;

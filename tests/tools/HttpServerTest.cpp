@@ -10,6 +10,7 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <vector>
 
 #include "tests/tools/Socket.h"
 
@@ -25,12 +26,13 @@ std::string Post(const std::string& body) {
            "\r\n\r\n" + body;
 }
 
-/// Answers with the body of the request; throws for an empty one.
+/// Answers with the body of the request, much later to "late"; throws for an empty one.
 HttpAnswer Echo(const HttpRequest& request) {
     if (request.body.empty()) {
         throw std::bad_alloc();
     }
-    return {200, "text/plain", "", request.body, {}};
+    const bool isLate = request.body == "late";
+    return {200, "text/plain", "", request.body, {}, isLate ? 60000ms : 0ms};
 }
 
 class HttpServer : public testing::Test {
@@ -90,6 +92,55 @@ TEST_F(HttpServer, BodyIsKeptUpToItsLimit) {
         const std::string answer = tooltest::ReceiveRequest(connection);
         EXPECT_EQ(answer.substr(answer.find("\r\n\r\n") + 4), most);
     }
+}
+
+TEST_F(HttpServer, AnswerThatIsDelayedDelaysNoOther) {
+    const Descriptor late = Connect();
+    tooltest::Send(late, Post("late"));
+    EXPECT_FALSE(tooltest::WaitForEnd(late, 100));
+    for (int count = 0; count < 10; ++count) {
+        EXPECT_TRUE(Answers(Connect()));
+    }
+    EXPECT_FALSE(tooltest::WaitForEnd(late, 0));
+}
+
+TEST_F(HttpServer, DelayedAnswersAreNotSentAtItsEnd) {
+    auto other = std::make_unique<tool::HttpServer>();
+    ASSERT_TRUE(other->Start("127.0.0.1", 0, Echo));
+    const std::string endpoint = other->Endpoint();
+    const int port = std::atoi(endpoint.c_str() + endpoint.rfind(':') + 1);
+    const Descriptor late[] = {tooltest::Connect(port), tooltest::Connect(port)};
+    for (const Descriptor& each : late) {
+        tooltest::Send(each, Post("late"));
+    }
+    EXPECT_FALSE(tooltest::WaitForEnd(late[1], 100));
+    other.reset();
+    for (const Descriptor& each : late) {
+        EXPECT_EQ(tooltest::ReceiveAll(each), "");
+    }
+}
+
+TEST_F(HttpServer, TellsOfEachExchangeOfAConnection) {
+    std::vector<std::string> told;
+    {
+        tool::HttpServer other;
+        tool::HttpServerOptions options;
+        options.onExchange = [&told](const tool::HttpExchange& exchange) {
+            told.push_back(exchange.client.substr(0, 10) + " " +
+                           std::to_string(exchange.status.value_or(0)) + " " +
+                           std::to_string(exchange.bodySize.value_or(0)));
+        };
+        ASSERT_TRUE(other.Start("127.0.0.1", 0, Echo, options));
+        const std::string endpoint = other.Endpoint();
+        const Descriptor connection =
+            tooltest::Connect(std::atoi(endpoint.c_str() + endpoint.rfind(':') + 1));
+        EXPECT_TRUE(Answers(connection));
+        EXPECT_TRUE(Answers(connection));
+        tooltest::Send(connection, Post(""));
+        EXPECT_EQ(tooltest::ReceiveAll(connection), "");
+    }
+    EXPECT_EQ(told,
+              (std::vector<std::string>{"127.0.0.1: 200 5", "127.0.0.1: 200 5", "127.0.0.1: 0 0"}));
 }
 
 TEST_F(HttpServer, ConnectionsEndWithTheServer) {

@@ -53,7 +53,7 @@ HttpExchange Exchange(const std::string& operation, std::optional<std::string> i
 std::string ReadSome(const Descriptor& from) {
     std::array<char, 65536> buffer;
     const ssize_t size = read(from.get(), buffer.data(), buffer.size());
-    return std::string(buffer.data(), static_cast<std::size_t>(size > 0 ? size : 0));
+    return {buffer.data(), static_cast<std::size_t>(size > 0 ? size : 0)};
 }
 
 /// What stands behind the time and the client's address.
@@ -94,10 +94,10 @@ TEST(RequestLog, TextsOfClientsAreMadeOneHarmlessWord) {
         {"a b", "\"a b\""},
         {" ", "\" \""},
         {"Grüße", "Grüße"},
-        {"a\"b", "\"a\\x22b\""},
-        {"a\\b", "\"a\\x5Cb\""},
-        {"a\nb\r\t\x1B[1m\x7F", "\"a\\x0Ab\\x0D\\x09\\x1B[1m\\x7F\""},
-        {std::string("a\0b", 3), "\"a\\x00b\""},
+        {"a\"b", R"("a\x22b")"},
+        {"a\\b", R"("a\x5Cb")"},
+        {"a\nb\r\t\x1B[1m\x7F", R"("a\x0Ab\x0D\x09\x1B[1m\x7F")"},
+        {std::string("a\0b", 3), R"("a\x00b")"},
         {"\xC2\x9B", "\"\xC2\\x9B\""},
         {"\xC2\xA0", "\xC2\xA0"},
         {longest, longest},

@@ -84,7 +84,7 @@ TEST(ServeLog, HasALineForEachRequestOfAnyKind) {
     };
     const std::vector<Case> cases = {
         {kAlbum, "getAlbum Alb.40013100 200"},
-        {Request("getTrack", "no ne&#10;&quot;"), "getTrack \"no ne\\x0A\\x22\" 500"},
+        {Request("getTrack", "no ne&#10;&quot;"), R"(getTrack "no ne\x0A\x22" 500)"},
         {Request("getTrack", ""), "getTrack \"\" 500"},
         {Request("getConcert", "1"), "getConcert - 500"},
         {Post("<a>"), "- - 500"},
