@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <ctime>
 #include <string_view>
@@ -119,7 +120,7 @@ bool RequestLog::WriteLine(const std::string& line) const {
     }
     // Standard error may be a socket, which knows its own way not to wait.
     ssize_t written = send(descriptor_, line.data(), line.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
-    if (written < 0) {
+    if (written < 0 && errno == ENOTSOCK) {
         written = write(descriptor_, line.data(), line.size());
     }
     return written == static_cast<ssize_t>(line.size());

@@ -5,7 +5,9 @@
 #include <poll.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +20,7 @@
 
 namespace {
 
+using namespace std::chrono_literals;
 using tooltest::Descriptor;
 using tooltest::Identity;
 using tooltest::MakeIdentity;
@@ -188,9 +191,25 @@ TEST_F(ServeTls, HandshakeThatTakesTooLongIsEnded) {
         tooltest::Connect(std::atoi(endpoint.c_str() + endpoint.rfind(':') + 1));
     tooltest::Send(slow, kHalfHandshake);
     EXPECT_FALSE(tooltest::WaitForEnd(slow, 100));
-    using namespace std::chrono_literals;
     server.EndOldConnections(0s);
     EXPECT_TRUE(tooltest::WaitForEnd(slow, 3000));  // for its silence it would be 5 s
+}
+
+TEST_F(ServeTls, AnswersMayBeLateAndCutShortToo) {
+    Start({"--quiet", "--delay", "200", "--truncate", "50"});
+    const auto began = std::chrono::steady_clock::now();
+    const std::string whole = Ask("large");
+    EXPECT_GE(std::chrono::steady_clock::now() - began, 200ms);
+    const std::string cut = Ask("large");
+    EXPECT_GT(whole.size(), kLarge.size());
+    EXPECT_LT(cut.size(), whole.size());
+    EXPECT_EQ(cut.rfind("HTTP/1.1 200 ", 0), 0U) << cut.substr(0, 1000);
+    // Both announce the same.
+    const auto announced = [](const std::string& answer) {
+        return std::strtoul(answer.c_str() + answer.find("Content-Length: ") + 16, nullptr, 10);
+    };
+    EXPECT_EQ(announced(cut), announced(whole));
+    EXPECT_EQ(cut.size() - cut.find("\r\n\r\n") - 4, announced(whole) / 2);
 }
 
 TEST_F(ServeTls, UnfitFilesAreNamedAheadOfListening) {
