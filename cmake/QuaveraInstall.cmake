@@ -29,7 +29,8 @@ if(QUAVERA_PLATFORM STREQUAL "bundled")
         DESTINATION ${quavera_header_dir}/platform COMPONENT quavera_development)
     install(FILES records/RecordText.h
         DESTINATION ${quavera_header_dir}/records COMPONENT quavera_development)
-
+endif()
+if(QUAVERA_PLATFORM STREQUAL "bundled" AND QUAVERA_LIBRARY_TYPE STREQUAL "SHARED")
     # Where gdb looks for it: below a folder of its own, by the full path of the library's real file,
     # which only the installation knows.
     install(CODE "

@@ -13,6 +13,7 @@
 #include <sstream>
 #include <utility>
 
+#include "common/Version.h"
 #include "soap/QuaveraStub.h"
 #include "tools/Arguments.h"
 

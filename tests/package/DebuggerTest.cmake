@@ -28,7 +28,7 @@ function(look what locale)
 endfunction()
 
 file(REMOVE_RECURSE "${WORK_DIR}")
-run("install" "${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}")
+install_build_tree("${prefix}")
 run("compile" "${CXX_COMPILER}" -std=c++17 ${flags} -g -O0 "${debugger_dir}/main.cpp" -o "${program}"
     "-I${prefix}/${INCLUDEDIR}/quavera" "-L${prefix}/${LIBDIR}" -lzqshared
     "-Wl,-rpath,${prefix}/${LIBDIR}")

@@ -44,8 +44,9 @@ if(WITH_TOOL)
     install_build_tree("${WORK_DIR}/tools" --component quavera_tools)
     file(GLOB_RECURSE files LIST_DIRECTORIES FALSE RELATIVE "${WORK_DIR}/tools"
         "${WORK_DIR}/tools/*")
-    if(NOT files STREQUAL "${BINDIR}/quavera;share/man/man1/quavera.1")
-        fail("the component quavera_tools is not the tool and its manual: ${files}")
+    if(NOT files STREQUAL
+            "${BINDIR}/quavera;share/bash-completion/completions/quavera;share/man/man1/quavera.1")
+        fail("the component quavera_tools is not the tool and what helps with it: ${files}")
     endif()
 endif()
 
