@@ -52,7 +52,7 @@ Result<Done> Reconcile(const DiffOptions& options, Records* left, Records* right
 
 std::string Printed(const Json& left, const Json& right, const RecordShape& shape, bool asPatch) {
     if (asPatch) {
-        return JsonText(Json::diff(left, right)) + "\n";
+        return JsonText(Patch(left, right)) + "\n";
     }
     std::string all;
     for (const std::string& line : Differences(left, right, shape)) {

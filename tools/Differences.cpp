@@ -173,6 +173,31 @@ class Comparison {
     std::vector<std::string> lines_;
 };
 
+/// A JSON pointer. Names of elements hold nothing that would have to be escaped in it.
+std::string Below(const std::string& pointer, const std::string& part) {
+    return pointer + "/" + part;
+}
+
+/// Takes off the ends of lists what `right` does not have, and notes that.
+void Shorten(const std::string& path, const Json& right, Json* left, Json* patch) {
+    if (left->is_object() && right.is_object()) {
+        for (auto& [name, value] : left->items()) {
+            if (const auto other = right.find(name); other != right.end()) {
+                Shorten(Below(path, name), *other, &value, patch);
+            }
+        }
+    } else if (left->is_array() && right.is_array()) {
+        while (left->size() > right.size()) {
+            left->erase(left->size() - 1);
+            patch->push_back(
+                {{"op", "remove"}, {"path", Below(path, std::to_string(left->size()))}});
+        }
+        for (std::size_t at = 0; at < left->size(); ++at) {
+            Shorten(Below(path, std::to_string(at)), right[at], &(*left)[at], patch);
+        }
+    }
+}
+
 }  // namespace
 
 std::vector<std::string> Differences(const Json& left, const Json& right,
@@ -186,6 +211,17 @@ std::vector<std::string> Differences(const Json& left, const Json& right,
         comparison.Records("", left, right, shape);
     }
     return comparison.TakeLines();
+}
+
+// The JSON library would insert each removal from a list ahead of those that it has noted.
+Json Patch(Json left, const Json& right) {
+    Json patch = Json::array();
+    Shorten("", right, &left, &patch);
+    Json rest = Json::diff(left, right);
+    for (Json& step : rest) {
+        patch.push_back(std::move(step));
+    }
+    return patch;
 }
 
 }  // namespace tool

@@ -23,6 +23,10 @@ namespace tool {
 /// items are, without "Lite", and "Id"; those without one, and texts, by their places.
 std::vector<std::string> Differences(const Json& left, const Json& right, const RecordShape& shape);
 
+/// The JSON patch (RFC 6902) that makes `right` of `left`: empty where they are the same but for
+/// the order of members.
+Json Patch(Json left, const Json& right);
+
 }  // namespace tool
 
 #endif  // QUAVERA_TOOLS_DIFFERENCES_H_

@@ -3,10 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <functional>
+#include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 
 #include "tests/growth/Growth.h"
 #include "tests/tools/Files.h"
+#include "tools/Differences.h"
+#include "tools/Json.h"
 #include "tools/Printing.h"
 
 namespace {
@@ -19,6 +25,7 @@ using growth::Numbered;
 using growth::Repeated;
 using growth::Work;
 using tool::Form;
+using tool::Json;
 using tooltest::Envelope;
 using tooltest::Track;
 
@@ -155,6 +162,85 @@ TEST_F(ToolListGrowth, OfItemsIsLinear) {
     };
     EXPECT_TRUE(IsLinearToPrint(album, Form::kTree));
     EXPECT_TRUE(IsLinearToPrint(album, Form::kText));
+}
+
+// --- JSON and differences
+
+/// The tree of an album with many tracks, from number `first` on, each with that many a disc.
+std::string Tracks(std::size_t count, std::size_t first = 0, const std::string& disc = "1") {
+    std::string items;
+    for (std::size_t at = first; at < first + count; ++at) {
+        items += "<Track><TrackId>Tra." + std::to_string(at) + "</TrackId><DiscIndex>" + disc +
+                 "</DiscIndex><Name>YWI=</Name></Track>";
+    }
+    return "<Album><Tracks>" + items + "</Tracks></Album>";
+}
+
+std::string Values(std::size_t count) {
+    return Element("Album", Repeated(count,
+                                     "<NonDisplayableAlbumTypes>x"
+                                     "</NonDisplayableAlbumTypes>"));
+}
+
+TEST_P(ToolGrowth, OfJsonIsLinear) {
+    EXPECT_TRUE(IsLinear([](std::size_t count) -> Work {
+        const std::string content = GetParam().text(count);
+        return [tree = "<Track xmlns:xsi='urn:xsi'>" + content + "</Track>"] {
+            EXPECT_TRUE(tool::PrintText(tree, "there", nullptr, Form::kJson));
+        };
+    }));
+}
+
+TEST_F(ToolListGrowth, OfJsonIsLinear) {
+    const auto images = [](std::size_t count) { return Repeated(count + 1, "<Image/>\n"); };
+    const auto tracks = [](std::size_t count) { return Tracks(count); };
+    for (const std::function<std::string(std::size_t)>& document :
+         {std::function<std::string(std::size_t)>(tracks), {Values}, {images}}) {
+        EXPECT_TRUE(IsLinear([&document](std::size_t count) -> Work {
+            return [tree = document(count)] {
+                EXPECT_TRUE(tool::PrintText(tree, "there", nullptr, Form::kJson));
+            };
+        }));
+    }
+}
+
+/// The work to tell what differs, in both forms, without that to read the documents.
+testing::AssertionResult IsLinearToCompare(
+    const std::function<std::pair<std::string, std::string>(std::size_t)>& documents) {
+    return IsLinear([&](std::size_t count) -> Work {
+        const auto [left, right] = documents(count);
+        const auto records = std::make_shared<std::pair<Json, Json>>(
+            tool::JsonOf(*tool::ReadDocument(left, "there", nullptr)),
+            tool::JsonOf(*tool::ReadDocument(right, "there", nullptr)));
+        return [records] {
+            const auto& [before, after] = *records;
+            tool::Differences(before, after, tool::ShapeOf("DataAlbum"));
+            tool::Patch(before, after);
+        };
+    });
+}
+
+TEST_F(ToolListGrowth, OfDifferencesIsLinear) {
+    const std::string none = "<Album><Tracks/></Album>";
+    EXPECT_TRUE(IsLinearToCompare([](auto n) { return std::pair(Tracks(n), Tracks(n)); }));
+    EXPECT_TRUE(IsLinearToCompare([](auto n) { return std::pair(Tracks(n), Tracks(n, 0, "2")); }));
+    EXPECT_TRUE(IsLinearToCompare([](auto n) { return std::pair(Tracks(n), Tracks(n, 1)); }));
+    EXPECT_TRUE(IsLinearToCompare([](auto n) { return std::pair(Tracks(n), Tracks(n, n)); }));
+    EXPECT_TRUE(IsLinearToCompare([&](auto n) { return std::pair(Tracks(n), none); }));
+    EXPECT_TRUE(IsLinearToCompare([&](auto n) { return std::pair(none, Tracks(n)); }));
+    EXPECT_TRUE(IsLinearToCompare([](auto n) { return std::pair(Values(n), Values(1)); }));
+    EXPECT_TRUE(IsLinearToCompare([](auto n) { return std::pair(Values(1), Values(n)); }));
+}
+
+TEST_F(ToolListGrowth, OfDifferencesOfMovedItemsIsLinear) {
+    const auto turned = [](std::size_t count) {
+        std::string items;
+        for (std::size_t at = count; at > 0; --at) {
+            items += "<Track><TrackId>Tra." + std::to_string(at - 1) + "</TrackId></Track>";
+        }
+        return "<Album><Tracks>" + items + "</Tracks></Album>";
+    };
+    EXPECT_TRUE(IsLinearToCompare([&](auto n) { return std::pair(Tracks(n), turned(n)); }));
 }
 
 TEST_F(ToolListGrowth, OfTextsIsLinear) {
