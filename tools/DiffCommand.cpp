@@ -32,13 +32,19 @@ Result<Records> Read(const std::string& path, const RecordClass* chosen) {
     return text ? ReadDocument(*text, DisplayName(path), chosen) : text.failure();
 }
 
-/// Makes both documents ones of one class, if they can be: a root that two classes write, "Album",
-/// is of the one that the other document is of.
-Result<Done> Reconcile(const DiffOptions& options, Records* left, Records* right) {
-    if (left->record != right->record && left->record->treeElement == right->record->treeElement) {
-        const bool isLeftSure = left->isSoap;
-        (isLeftSure ? right : left)->record = (isLeftSure ? left : right)->record;
+/// Takes a tree for what the other document is, where its root leaves that open: a root that two
+/// classes write, "Album", is of the other one's class, and a single tree may be a list of one.
+void Adapt(const Records& other, Records* records) {
+    if (!records->isSoap && records->record->treeElement == other.record->treeElement) {
+        records->record = other.record;
+        records->isList = records->isList || other.isList;
     }
+}
+
+/// Makes both documents ones of one class, if they can be.
+Result<Done> Reconcile(const DiffOptions& options, Records* left, Records* right) {
+    Adapt(*left, right);
+    Adapt(*right, left);
     if (left->record == right->record && left->isList == right->isList) {
         return Done();
     }

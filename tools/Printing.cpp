@@ -53,31 +53,43 @@ bool IsStartOf(std::string_view name, std::string_view line) {
            std::string_view(" \t\r\n/>").find(behind.front()) != std::string_view::npos;
 }
 
-/// The trees of a text that holds several of one name; none where it is not of that kind.
-Trees ParseList(std::string_view text, std::string_view name) {
-    Trees trees;
-    for (const std::string_view each : SplitAtRoots(text, name)) {
-        Tree tree = ZQXML::ParseXml(each);
-        if (!tree) {
-            return {};
-        }
-        trees.push_back(std::move(tree));
-    }
-    return trees;
+/// The class of whose trees a text holds several, if it does: the one that its first tree is of.
+const RecordClass* ClassOfList(std::string_view xml, const RecordClass* chosen) {
+    const std::vector<RecordClass>& classes = RecordClasses();
+    const auto found = std::find_if(classes.begin(), classes.end(), [&](const RecordClass& each) {
+        return (chosen == nullptr || chosen == &each) && each.AnswersWithList() &&
+               IsStartOf(each.treeElement, xml);
+    });
+    return found == classes.end() ? nullptr : &*found;
 }
 
-/// A list of records as its trees are printed; nothing but `otherwise` where the text is none.
-Result<Records> ReadList(const std::string& xml, const RecordClass* chosen,
-                         const Failure& otherwise) {
-    for (const RecordClass& record : RecordClasses()) {
-        const bool isWanted = chosen == nullptr || chosen == &record;
-        if (isWanted && record.AnswersWithList() && IsStartOf(record.treeElement, xml)) {
-            Trees trees = ParseList(xml, record.treeElement);
-            return trees.empty() ? Result<Records>(otherwise)
-                                 : Records{&record, true, std::move(trees), false};
+/// The trees of a text, each beginning with a line, as they are printed.
+Result<Records> ReadList(const std::string& xml, const std::string& where,
+                         const RecordClass& record) {
+    Records records = {&record, true, {}, false};
+    std::size_t lines = 0;  // ahead of the tree
+    for (const std::string_view text : SplitAtRoots(xml, record.treeElement)) {
+        Result<Tree> tree = ParseTree(std::string(text), where);
+        if (!tree) {  // behind as many lines, so that its place is named right
+            tree = ParseTree(std::string(lines, '\n') + std::string(text), where);
         }
+        if (!tree) {
+            return tree.failure();
+        }
+        records.trees.push_back(std::move(*tree));
+        lines += static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
     }
-    return otherwise;
+    return records;
+}
+
+/// Whether a tree is one of that class, and says so by an element that such trees have.
+bool IsTreeOf(const RecordClass& record, ZQXML::INode* tree) {
+    ZQXML::INodeList* const children = tree->GetChildren();
+    ZQXML::INode* child = tree->GetName() == record.treeElement ? children->First() : nullptr;
+    while (child != nullptr && FindElement(ShapeOf(record.name), child->GetName()) == nullptr) {
+        child = children->Next();
+    }
+    return child != nullptr;
 }
 
 }  // namespace
@@ -117,7 +129,8 @@ Result<Records> ReadTrees(const std::string& xml, const std::string& where,
                           const RecordClass* chosen) {
     Result<Tree> tree = ParseTree(xml, where);
     if (!tree) {
-        return ReadList(xml, chosen, tree.failure());
+        const RecordClass* const ofList = ClassOfList(xml, chosen);
+        return ofList == nullptr ? tree.failure() : ReadList(xml, where, *ofList);
     }
     const Result<const RecordClass*> record =
         ClassOfElement(&RecordClass::treeElement, (*tree)->GetName(), chosen, where);
@@ -134,10 +147,22 @@ Result<Records> ReadDocument(const std::string& text, const std::string& where,
     const Result<SoapDocument> document = SoapDocument::Open(text, where);
     if (!document) {
         Result<Records> list = ReadTrees(text, where, chosen);
-        return list ? std::move(list) : Result<Records>(document.failure());
+        const bool isList = list || ClassOfList(text, chosen) != nullptr;
+        return isList ? std::move(list) : Result<Records>(document.failure());
     }
-    if (!ClassOfSoap(document->RecordElement(), nullptr, where)) {
+    const std::string& element = document->RecordElement();
+    if (!ClassOfSoap(element, nullptr, where)) {
         return ReadTrees(text, where, chosen);
+    }
+    // A record's SOAP element and its tree may be called the same: "MemberLibrary".
+    if (const RecordClass* const sameName = FindClass(&RecordClass::treeElement, element)) {
+        const Result<Tree> tree = ParseTree(text, where);
+        if (!tree) {
+            return tree.failure();
+        }
+        if (IsTreeOf(*sameName, tree->get())) {
+            return ReadTrees(text, where, chosen);
+        }
     }
     const Result<Records> records = ReadSoapRecords(text, where, chosen);
     return records ? ThroughText(*records, where) : records.failure();

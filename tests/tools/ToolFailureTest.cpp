@@ -19,14 +19,9 @@ using tool::Result;
 /// Of a way: the tree, and the buffers of the input and of the result.
 constexpr std::size_t kSites = 3;
 
-class ToolFailure : public testing::TestWithParam<RecordClass> {
+class ToolFailureOfLists : public testing::Test {
  protected:
     void SetUp() override { QUAVERA_SKIP_WITHOUT_ALLOCATION_FAILURE(); }
-
-    static std::string Document(const char* suffix) {
-        return tooltest::Contents(
-            tooltest::DataPath(std::string(GetParam().name) + "/full" + suffix));
-    }
 
     /// Sweeps over `print`, which has to give `expected`, to throw, or to fail for that reason.
     template <class Print>
@@ -48,6 +43,14 @@ class ToolFailure : public testing::TestWithParam<RecordClass> {
     }
 };
 
+class ToolFailure : public ToolFailureOfLists, public testing::WithParamInterface<RecordClass> {
+ protected:
+    static std::string Document(const char* suffix) {
+        return tooltest::Contents(
+            tooltest::DataPath(std::string(GetParam().name) + "/full" + suffix));
+    }
+};
+
 TEST_P(ToolFailure, OfSoapToText) {
     const std::string soap = Document(".xml");
     ExpectPrintsOrFails(Document(".txt"),
@@ -58,6 +61,46 @@ TEST_P(ToolFailure, OfTreeToText) {
     const std::string tree = Document(".tree.xml");
     ExpectPrintsOrFails(Document(".txt"),
                         [&] { return tool::PrintText(tree, "there", &GetParam()); });
+}
+
+/// What `diff` reads, as text.
+Result<std::string> Read(const std::string& document, const RecordClass* chosen) {
+    const Result<tool::Records> records = tool::ReadDocument(document, "there", chosen);
+    return records ? Result<std::string>(tool::Printed(*records, Form::kText)) : records.failure();
+}
+
+TEST_P(ToolFailure, OfReadingEitherForm) {
+    for (const char* const suffix : {".xml", ".tree.xml"}) {
+        const std::string document = Document(suffix);
+        ExpectPrintsOrFails(Document(".txt"), [&] { return Read(document, &GetParam()); });
+    }
+}
+
+const std::string kImages = tooltest::Envelope(
+    "<q:Images><images><items><title>a</title><url>1</url></items>"
+    "<items><url>2</url></items></images></q:Images>");
+const std::string kImageTrees =
+    "<Image><Title encoding=\"base64\">YQ==</Title><Url>1</Url></Image>\n"
+    "<Image><Url>2</Url></Image>\n";
+const std::string kImageTexts =
+    "copyright = \r\nheight = 0\r\nimageFormat = \r\nimageId = \r\ntitle = a\r\nurl = 1\r\n"
+    "width = 0\r\n"
+    "copyright = \r\nheight = 0\r\nimageFormat = \r\nimageId = \r\ntitle = \r\nurl = 2\r\n"
+    "width = 0\r\n";
+
+TEST_F(ToolFailureOfLists, OfSoapToTrees) {
+    ExpectPrintsOrFails(kImageTrees,
+                        [] { return tool::PrintSoap(kImages, "there", nullptr, Form::kTree); });
+}
+
+TEST_F(ToolFailureOfLists, OfTreesToText) {
+    ExpectPrintsOrFails(kImageTexts, [] { return tool::PrintText(kImageTrees, "there", nullptr); });
+}
+
+TEST_F(ToolFailureOfLists, OfReadingEitherForm) {
+    for (const std::string& document : {kImages, kImageTrees}) {
+        ExpectPrintsOrFails(kImageTexts, [&] { return Read(document, nullptr); });
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ToolFailure, testing::ValuesIn(tool::RecordClasses()),
