@@ -57,6 +57,22 @@ prints(full.txt "" show --record ${class} "${samples}/full.xml")
 prints(full.tree.xml "\n" tree --record ${class} "${samples}/full.xml")
 prints(full.txt "" text "${samples}/full.tree.xml")  # by its element
 
+# It tells of the record what its rows say.
+# tells(<expected> <argument>...): the tool prints a line that matches.
+function(tells expected)
+    run("quavera ${ARGN}" "${build_dir}/tools/quavera" ${ARGN})
+    if(NOT "\n${output}" MATCHES "\n${expected}\n")
+        fail("quavera ${ARGN} does not print ${expected}:\n${output}")
+    endif()
+endfunction()
+
+tells("${class} +LiteTrackMetadata +TrackLite +element" records)
+tells("Name +text +base64 of UTF-8\nTrackId +text +as it stands\nTrackIndex +number +decimal.*"
+    records ${class})
+set(json "{\"Name\":\"Über den Wolken – 夜\",\"TrackId\":\"Tra.1901\",\"TrackIndex\":19}")
+tells("${json}" show --json --record ${class} "${samples}/full.xml")
+tells("${json}" text --json "${samples}/full.tree.xml")
+
 run("help" "${build_dir}/tools/quavera" --help)
 execute_process(COMMAND "${build_dir}/tools/quavera" show --record DataConcert
     RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
