@@ -1,6 +1,9 @@
 #include "tools/CommandLine.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <utility>
 
 #include "tools/Files.h"
@@ -8,6 +11,11 @@
 #include "tools/RecordClasses.h"
 
 namespace tool {
+namespace {
+
+int statusOutOfMemory = kFailed;
+
+}  // namespace
 
 std::vector<std::string> RecordClassNames() {
     std::vector<std::string> names;
@@ -58,6 +66,14 @@ int StatusOf(const Result<Done>& done) {
         Report(done.failure());
     }
     return done ? 0 : kFailed;
+}
+
+void EndWithStatusOutOfMemory(int status) {
+    statusOutOfMemory = status;
+    std::set_terminate([] {
+        std::fputs("quavera: out of memory\n", stderr);
+        std::_Exit(statusOutOfMemory);
+    });
 }
 
 Result<Done> Print(const Result<std::string>& output) {

@@ -48,6 +48,10 @@ void DeclareRecordClass(CLI::App* command, std::string* recordClass);
 /// The exit status of what has been done; a failure is reported.
 int StatusOf(const Result<Done>& done);
 
+/// From now on the tool ends with that status, and not by a signal, where a failed allocation
+/// cannot be thrown: destructors of the JSON library allocate.
+void EndWithStatusOutOfMemory(int status);
+
 /// Prints what there is to print.
 Result<Done> Print(const Result<std::string>& output);
 

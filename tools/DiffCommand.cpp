@@ -1,4 +1,6 @@
+#include <exception>
 #include <memory>
+#include <new>
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -103,7 +105,14 @@ Run DeclareDiff(CLI::App* command) {
     command->add_option("b", options->right, "What it is compared with")
         ->type_name("B")
         ->required();
-    return [options] { return Diff(*options); };
+    return [options] {
+        EndWithStatusOutOfMemory(kTrouble);
+        try {
+            return Diff(*options);
+        } catch (const std::bad_alloc&) {  // elsewhere 1, which means here that they are different
+            std::terminate();
+        }
+    };
 }
 
 }  // namespace tool
