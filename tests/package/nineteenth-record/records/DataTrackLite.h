@@ -5,10 +5,7 @@
 
 #include "platform/zqshared.h"
 #include "records/QuavData.h"
-
-namespace Quavera {
-class Quavera2__LiteTrackMetadata;
-}
+#include "records/SoapRecords.h"
 
 /// A track's title and place, for lists that show no more.
 ///
