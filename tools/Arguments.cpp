@@ -42,12 +42,16 @@ std::string CheckPort(const std::string& text) {
 // Ahead of any connection, as wrong usage.
 std::string CheckHttpAddress(const std::string& text) {
     static const std::regex address(
-        R"(http://([^/?#@\s]*@)?(\[[0-9A-Fa-f:.]+\]|[^/?#@:\[\]\s]+)(:([0-9]{1,5}))?([/?#]\S*)?)");
+        R"(https?://([^/?#@\s]*@)?(\[[0-9A-Fa-f:.]+\]|[^/?#@:\[\]\s]+)(:([0-9]{1,5}))?([/?#]\S*)?)");
     std::smatch parts;
     const bool isAddress = text.size() <= kLongestAddress &&
                            std::regex_match(text, parts, address) &&
                            (!parts[4].matched || std::stoi(parts[4]) <= kHighestPort);
-    return isAddress ? "" : "\"" + text + "\" is no http:// address";
+    return isAddress ? "" : "\"" + text + "\" is no http:// or https:// address";
+}
+
+std::string CheckFileName(const std::string& text) {
+    return text.empty() ? "\"\" is no name of a file or folder" : "";
 }
 
 }  // namespace tool

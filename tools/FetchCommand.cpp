@@ -1,8 +1,12 @@
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tools/Arguments.h"
+#include "tools/Authorities.h"
 #include "tools/CommandLine.h"
+#include "tools/Files.h"
 #include "tools/Printing.h"
 #include "tools/Service.h"
 
@@ -12,15 +16,86 @@ namespace {
 struct FetchOptions {
     std::string endpoint;
     std::string timeout = "60";
+    std::string connectTimeout = "10";
+    std::string authorities;
+    bool takesAnyCertificate = false;
     std::string kind;
     std::string id;
     bool tree = false;
 };
 
-Result<std::string> Fetch(const FetchOptions& options) {
-    return Fetch({options.endpoint, *ParseDecimal(options.timeout)},
-                 *FindClass(&RecordClass::kind, options.kind), options.id,
+/// Why the options, each right by itself, are wrong together; empty if they are not.
+std::string WrongTogether(const FetchOptions& options) {
+    const bool hasCertificateOption = options.takesAnyCertificate || !options.authorities.empty();
+    if (hasCertificateOption && options.endpoint.rfind("https:", 0) != 0) {
+        return "--cacert and --insecure are for https:// addresses";
+    }
+    return "";
+}
+
+HttpWay WayOf(const FetchOptions& options) {
+    HttpWay way;
+    way.seconds = *ParseDecimal(options.timeout);
+    way.secondsToConnect = *ParseDecimal(options.connectTimeout);
+    way.authorities = options.authorities;
+    way.takesAnyCertificate = options.takesAnyCertificate;
+    return way;
+}
+
+/// How the service is to be asked.
+Result<Service> ServiceOf(const FetchOptions& options) {
+    Service service = {options.endpoint, WayOf(options)};
+    if (!options.authorities.empty()) {
+        const Result<Done> usable = CheckAuthorities(options.authorities);
+        if (!usable) {
+            return usable.failure();
+        }
+    }
+    return service;
+}
+
+Result<std::string> Fetch(const FetchOptions& options, const Service& service) {
+    return Fetch(service, *FindClass(&RecordClass::kind, options.kind), options.id,
                  options.tree ? Form::kTree : Form::kText);
+}
+
+int RunFetch(const FetchOptions& options) {
+    const std::string wrong = WrongTogether(options);
+    if (!wrong.empty()) {
+        Report({"arguments", wrong});
+        return kWrongUsage;
+    }
+    const Result<Service> service = ServiceOf(options);
+    return StatusOf(service ? Print(Fetch(options, *service)) : service.failure());
+}
+
+void DeclareWaiting(CLI::App* command, FetchOptions* options) {
+    command->add_option("--timeout", options->timeout, "Seconds to wait for the whole answer")
+        ->check(CheckSeconds)
+        ->type_name("N")
+        ->capture_default_str();
+    command
+        ->add_option("--connect-timeout", options->connectTimeout,
+                     "Of these, seconds to wait for the connection")
+        ->check(CheckSeconds)
+        ->type_name("N")
+        ->capture_default_str();
+}
+
+void DeclareTrust(CLI::App* command, FetchOptions* options) {
+    CLI::Option* const authorities =
+        command
+            ->add_option("--cacert", options->authorities,
+                         "Trusted certificates in place of the system's")
+            ->check(CheckFileName)
+            ->type_name("FILE");
+    command->add_flag("--insecure", options->takesAnyCertificate, "Take any certificate")
+        ->excludes(authorities);
+}
+
+void DeclareOutput(CLI::App* command, FetchOptions* options) {
+    CLI::Option* const tree = command->add_flag("--tree", options->tree, "Print the element tree");
+    command->add_flag("--text", "Print the record (default)")->excludes(tree);
 }
 
 }  // namespace
@@ -31,18 +106,15 @@ Run DeclareFetch(CLI::App* command) {
         ->type_name("URL")
         ->check(CheckHttpAddress)
         ->required();
-    command->add_option("--timeout", options->timeout, "Seconds to wait for the whole answer")
-        ->check(CheckSeconds)
-        ->type_name("N")
-        ->capture_default_str();
-    command->add_option("record", options->kind, "What to ask for: " + Listed(RequestNames()))
-        ->check(OneOf(RequestNames(), "record"))
+    DeclareWaiting(command, options.get());
+    DeclareTrust(command, options.get());
+    command->add_option("record", options->kind, "What to ask for")
+        ->check(CLI::IsMember(kinds))
         ->type_name("RECORD")
         ->required();
     command->add_option("id", options->id, "Its identifier")->type_name("ID");
-    CLI::Option* const tree = command->add_flag("--tree", options->tree, "Print the element tree");
-    command->add_flag("--text", "Print the record (default)")->excludes(tree);
-    return [options] { return StatusOf(Print(Fetch(*options))); };
+    DeclareOutput(command, options.get());
+    return [options] { return RunFetch(*options); };
 }
 
 }  // namespace tool

@@ -4,15 +4,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <exception>
 #include <memory>
 #include <new>
 
+#include "tools/TransferFailure.h"
+
 namespace tool {
 namespace {
-
-constexpr int kMostSecondsToConnect = 10;
 
 struct CleanUp {
     void operator()(CURL* transfer) const { curl_easy_cleanup(transfer); }
@@ -21,27 +20,32 @@ struct CleanUp {
 using Transfer = std::unique_ptr<CURL, CleanUp>;
 using Headers = std::unique_ptr<curl_slist, CleanUp>;
 
-/// What is received, or why that was broken off.
-struct Body {
-    std::string text;
+/// What libcurl hands over of an exchange, or why that was broken off.
+struct Exchange {
+    std::string body;
     bool isTooLong = false;
     std::exception_ptr failure;  // must not pass through libcurl's frames
 };
 
-std::size_t TakeBody(char* data, std::size_t size, std::size_t count, void* user) {
-    auto* const body = static_cast<Body*>(user);
-    const std::size_t bytes = size * count;
-    body->isTooLong = bytes > kLongestAnswer - body->text.size();
-    if (body->isTooLong) {
-        return 0;
-    }
+/// Does what may throw in a function that libcurl calls. False: it has thrown.
+template <class Action>
+bool Guard(Exchange* exchange, const Action& action) {
     try {
-        body->text.append(data, bytes);
+        action();
     } catch (...) {
-        body->failure = std::current_exception();
-        return 0;
+        exchange->failure = std::current_exception();
     }
-    return bytes;
+    return exchange->failure == nullptr;
+}
+
+std::size_t TakeBody(char* data, std::size_t size, std::size_t count, void* user) {
+    auto* const exchange = static_cast<Exchange*>(user);
+    const std::size_t bytes = size * count;
+    exchange->isTooLong = bytes > kLongestAnswer - exchange->body.size();
+    const bool isTaken = !exchange->isTooLong && Guard(exchange, [exchange, data, bytes] {
+        exchange->body.append(data, bytes);
+    });
+    return isTaken ? bytes : 0;
 }
 
 void Add(Headers* headers, const std::string& line) {
@@ -61,7 +65,7 @@ Headers RequestHeaders(const HttpPost& post) {
     return headers;
 }
 
-/// Sets one option of a transfer.
+/// Sets the options of a transfer.
 class Options {
  public:
     explicit Options(CURL* transfer) : transfer_(transfer) {}
@@ -79,52 +83,63 @@ class Options {
     CURLcode code_ = CURLE_OK;
 };
 
-CURLcode Prepare(CURL* transfer, const HttpPost& post, curl_slist* headers, Body* body) {
-    return Options(transfer)
-        .Set(CURLOPT_URL, post.url.c_str())
-        .Set(CURLOPT_PROTOCOLS_STR, "http")
+void SetRequest(Options* options, const HttpPost& post, curl_slist* headers) {
+    options->Set(CURLOPT_URL, post.url.c_str())
+        .Set(CURLOPT_PROTOCOLS_STR, "http,https")
+        .Set(CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1})  // one request needs no more
         .Set(CURLOPT_PROXY, "")
         .Set(CURLOPT_NOSIGNAL, 1L)
         .Set(CURLOPT_USERAGENT, "quavera")
         .Set(CURLOPT_ACCEPT_ENCODING, "")  // all that this libcurl can read
         .Set(CURLOPT_HTTPHEADER, headers)
         .Set(CURLOPT_POSTFIELDS, post.body.c_str())
-        .Set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(post.body.size()))
-        .Set(CURLOPT_CONNECTTIMEOUT, long{std::min(post.seconds, kMostSecondsToConnect)})
-        .Set(CURLOPT_TIMEOUT, long{post.seconds})
-        .Set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(kLongestAnswer))
-        .Set(CURLOPT_WRITEFUNCTION, TakeBody)
-        .Set(CURLOPT_WRITEDATA, body)
-        .code();
+        .Set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(post.body.size()));
 }
 
-HttpReply ReplyOf(CURL* transfer, Body* body) {
+void SetWay(Options* options, const HttpWay& way) {
+    options->Set(CURLOPT_CONNECTTIMEOUT, long{std::min(way.seconds, way.secondsToConnect)})
+        .Set(CURLOPT_TIMEOUT, long{way.seconds})
+        .Set(CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2})  // or later
+        .Set(CURLOPT_SSL_VERIFYPEER, way.takesAnyCertificate ? 0L : 1L)
+        .Set(CURLOPT_SSL_VERIFYHOST, way.takesAnyCertificate ? 0L : 2L);
+    if (!way.authorities.empty()) {
+        const char* const noFolder = nullptr;  // of the system's, which were trusted beside them
+        options->Set(CURLOPT_CAINFO, way.authorities.c_str()).Set(CURLOPT_CAPATH, noFolder);
+    }
+}
+
+void SetExchange(Options* options, Exchange* exchange) {
+    options->Set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(kLongestAnswer))
+        .Set(CURLOPT_WRITEFUNCTION, TakeBody)
+        .Set(CURLOPT_WRITEDATA, exchange);
+}
+
+CURLcode Perform(CURL* transfer, const HttpPost& post, const HttpWay& way, Exchange* exchange) {
+    const Headers headers = RequestHeaders(post);
+    Options options(transfer);
+    SetRequest(&options, post, headers.get());
+    SetWay(&options, way);
+    SetExchange(&options, exchange);
+    const CURLcode code = options.code() == CURLE_OK ? curl_easy_perform(transfer) : options.code();
+    if (exchange->failure != nullptr) {
+        std::rethrow_exception(exchange->failure);
+    }
+    return code;
+}
+
+HttpReply ReplyOf(CURL* transfer, Exchange* exchange) {
     HttpReply reply;
     const char* type = nullptr;
     curl_easy_getinfo(transfer, CURLINFO_RESPONSE_CODE, &reply.status);
     curl_easy_getinfo(transfer, CURLINFO_CONTENT_TYPE, &type);
     reply.contentType = type == nullptr ? "" : type;
-    reply.body = std::move(body->text);
+    reply.body = std::move(exchange->body);
     return reply;
-}
-
-/// Why a transfer has failed. libcurl keeps to itself why a host was not reached, and takes a line
-/// that is longer than it allows for a want of memory.
-std::string Describe(CURL* transfer, CURLcode code, const char* detail) {
-    if (code == CURLE_OUT_OF_MEMORY) {
-        return "a header of the answer is too long, or memory has run out";
-    }
-    const std::string reason = *detail == '\0' ? curl_easy_strerror(code) : detail;
-    long number = 0;
-    curl_easy_getinfo(transfer, CURLINFO_OS_ERRNO, &number);
-    return code == CURLE_COULDNT_CONNECT && number != 0
-               ? reason + ": " + std::strerror(static_cast<int>(number))
-               : reason;
 }
 
 }  // namespace
 
-Result<HttpReply> Post(const HttpPost& post) {
+Result<HttpReply> Post(const HttpPost& post, const HttpWay& way) {
     static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
     const Transfer transfer(ready == CURLE_OK ? curl_easy_init() : nullptr);
     if (transfer == nullptr) {
@@ -132,21 +147,16 @@ Result<HttpReply> Post(const HttpPost& post) {
     }
     std::array<char, CURL_ERROR_SIZE> detail = {};
     curl_easy_setopt(transfer.get(), CURLOPT_ERRORBUFFER, detail.data());
-    const Headers headers = RequestHeaders(post);
-    Body body;
-    CURLcode code = Prepare(transfer.get(), post, headers.get(), &body);
-    code = code == CURLE_OK ? curl_easy_perform(transfer.get()) : code;
-    if (body.failure != nullptr) {
-        std::rethrow_exception(body.failure);
-    }
-    if (body.isTooLong || code == CURLE_FILESIZE_EXCEEDED) {
-        return Failure{post.url,
-                       "the answer is longer than " + std::to_string(kLongestAnswer) + " bytes"};
+    Exchange exchange;
+    const CURLcode code = Perform(transfer.get(), post, way, &exchange);
+    if (exchange.isTooLong || code == CURLE_FILESIZE_EXCEEDED) {
+        return Failure{post.url, "the answer is longer than " + std::to_string(kLongestAnswer) +
+                                     " bytes (receiving)"};
     }
     if (code != CURLE_OK) {
-        return Failure{post.url, Describe(transfer.get(), code, detail.data())};
+        return Failure{post.url, DescribeFailure(transfer.get(), code, detail.data(), post, way)};
     }
-    return ReplyOf(transfer.get(), &body);
+    return ReplyOf(transfer.get(), &exchange);
 }
 
 }  // namespace tool

@@ -11,13 +11,20 @@ namespace tool {
 /// The longest body of an answer that is taken, in bytes, when nothing compresses it any more.
 inline constexpr std::size_t kLongestAnswer = std::size_t{64} * 1024 * 1024;
 
-/// What a client sends, and for how long it waits.
+/// How a client speaks to a server, and for how long it waits.
+struct HttpWay {
+    int seconds = 60;  // for all of it, from the first look-up of the host to the last byte
+    int secondsToConnect = 10;  // of these, up to the end of TLS's handshake
+    std::string authorities;    // a file of trusted certificates in PEM; empty: the system's
+    bool takesAnyCertificate = false;
+};
+
+/// What a client sends.
 struct HttpPost {
     std::string url;
     std::string contentType;
     std::string soapAction;
     std::string body;
-    int seconds = 0;  // for all of it, from the first look-up of the host to the last byte
 };
 
 struct HttpReply {
@@ -27,9 +34,10 @@ struct HttpReply {
 };
 
 /// Sends and returns the answer, of whatever status; a redirection is not followed. An answer that
-/// is cut short or too long, an unreachable host and a time that has run out are failures. Proxies
-/// that the environment names are not used.
-Result<HttpReply> Post(const HttpPost& post);
+/// is cut short or too long, an unreachable host, a refused certificate and a time that has run out
+/// are failures, which name the phase in which they happened. Proxies that the environment names
+/// are not used.
+Result<HttpReply> Post(const HttpPost& post, const HttpWay& way);
 
 }  // namespace tool
 

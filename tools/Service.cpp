@@ -3,16 +3,17 @@
 #include <new>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
-#include "tools/HttpClient.h"
 #include "tools/SoapContext.h"
+#include "tools/SoapReader.h"
 
 namespace tool {
 namespace {
 
-constexpr long kFirstError = 400;
 constexpr long kFirstSuccess = 200;
 constexpr long kFirstRedirection = 300;
+constexpr long kFirstError = 400;
 
 /// The request's envelope, by the generated client.
 std::string RequestFor(const RecordClass& record, const std::string& id) {
@@ -36,28 +37,32 @@ bool IsXml(const std::string& contentType) {
     return false;
 }
 
+bool IsFault(const std::string& answer) {
+    const Result<SoapMessage> message = ReadSoap(answer, "answer");
+    return message && message->recordElement == "Fault";
+}
+
 /// Faults come with a status of failure.
-bool IsSoap(const HttpReply& reply) {
+Result<std::string> AnswerOf(const std::string& endpoint, HttpReply reply) {
+    const std::string status = "HTTP status " + std::to_string(reply.status);
     const bool isSuccess = reply.status >= kFirstSuccess && reply.status < kFirstRedirection;
-    return isSuccess || (reply.status >= kFirstError && IsXml(reply.contentType));
+    const bool isFault =
+        reply.status >= kFirstError && IsXml(reply.contentType) && IsFault(reply.body);
+    if (!isSuccess && !isFault) {
+        return Failure{endpoint, status};
+    }
+    if (reply.body.empty()) {
+        return Failure{endpoint, "an empty answer with " + status};
+    }
+    return std::move(reply.body);
 }
 
 }  // namespace
 
 Result<std::string> Ask(const Service& service, const RecordClass& record, const std::string& id) {
-    Result<HttpReply> reply = Post(
-        {service.endpoint, "text/xml; charset=utf-8", "", RequestFor(record, id), service.seconds});
-    if (!reply) {
-        return reply.failure();
-    }
-    if (!IsSoap(*reply)) {
-        return Failure{service.endpoint, "HTTP status " + std::to_string(reply->status)};
-    }
-    if (reply->body.empty()) {
-        return Failure{service.endpoint,
-                       "an empty answer with HTTP status " + std::to_string(reply->status)};
-    }
-    return std::move(reply->body);
+    const HttpPost post = {service.endpoint, "text/xml; charset=utf-8", "", RequestFor(record, id)};
+    Result<HttpReply> reply = Post(post, service.way);
+    return reply ? AnswerOf(post.url, std::move(*reply)) : reply.failure();
 }
 
 Result<std::string> Fetch(const Service& service, const RecordClass& record, const std::string& id,

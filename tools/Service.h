@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "tools/HttpClient.h"
 #include "tools/Printing.h"
 #include "tools/RecordClasses.h"
 #include "tools/Result.h"
@@ -12,12 +13,12 @@ namespace tool {
 /// A live service.
 struct Service {
     std::string endpoint;
-    int seconds = 60;  // to wait for an answer, to its last byte
+    HttpWay way = {};
 };
 
 /// Asks for a record of the class, which has a request, and returns the text of the answer, a fault
 /// included: it is checked like any document. A service that cannot be reached, or answers with
-/// something else than SOAP, is a failure.
+/// something else than success or a fault, is a failure.
 Result<std::string> Ask(const Service& service, const RecordClass& record, const std::string& id);
 
 /// The same, printed.

@@ -89,8 +89,9 @@ TEST(Usage, FetchNeedsAnEndpointAndARecord) {
 
 TEST(Usage, EndpointIsAnHttpAddress) {
     for (const char* const endpoint :
-         {"", "127.0.0.1:80", "ftp://127.0.0.1/", "https://127.0.0.1/", "http:", "http://",
-          "http:///service", "http://:80", "http://127.0.0.1:0x50", "http://127.0.0.1:service",
+         {"", "127.0.0.1:80", "ftp://127.0.0.1/", "httpss://127.0.0.1/", "http:", "http://",
+          "https:", "https://", "https://:443", "https://127.0.0.1:65536", "http:///service",
+          "http://:80", "http://127.0.0.1:0x50", "http://127.0.0.1:service",
           "http://127.0.0.1:65536", "http://127.0.0.1:99999/service", "http://127.0.0.1:-1",
           "http://a host/"}) {
         ExpectWrongUsage(
