@@ -1,5 +1,6 @@
 #include "tools/Arguments.h"
 
+#include <algorithm>
 #include <charconv>
 #include <regex>
 #include <system_error>
@@ -10,6 +11,14 @@ namespace {
 constexpr int kHighestPort = 65535;
 constexpr int kMostSeconds = 24 * 60 * 60;
 constexpr std::size_t kLongestAddress = 1000;
+constexpr std::size_t kLongestUser = 255;
+
+bool HoldsControl(const std::string& text) {
+    return std::any_of(text.begin(), text.end(), [](char character) {
+        const auto code = static_cast<unsigned char>(character);
+        return code < 0x20 || code == 0x7F;
+    });
+}
 
 }  // namespace
 
@@ -39,15 +48,28 @@ std::string CheckPort(const std::string& text) {
     return port >= 0 && port <= kHighestPort ? "" : "\"" + text + "\" is no port";
 }
 
-// Ahead of any connection, as wrong usage.
+// Ahead of any connection, as wrong usage. A user in it may have a password, which is not repeated.
 std::string CheckHttpAddress(const std::string& text) {
     static const std::regex address(
-        R"(https?://([^/?#@\s]*@)?(\[[0-9A-Fa-f:.]+\]|[^/?#@:\[\]\s]+)(:([0-9]{1,5}))?([/?#]\S*)?)");
+        R"(https?://(\[[0-9A-Fa-f:.]+\]|[^/?#@:\[\]\s]+)(:([0-9]{1,5}))?([/?#]\S*)?)");
     std::smatch parts;
-    const bool isAddress = text.size() <= kLongestAddress &&
-                           std::regex_match(text, parts, address) &&
-                           (!parts[4].matched || std::stoi(parts[4]) <= kHighestPort);
-    return isAddress ? "" : "\"" + text + "\" is no http:// or https:// address";
+    if (text.size() <= kLongestAddress && std::regex_match(text, parts, address) &&
+        (!parts[3].matched || std::stoi(parts[3]) <= kHighestPort)) {
+        return "";
+    }
+    return text.find('@') == std::string::npos
+               ? "\"" + text + "\" is no http:// or https:// address"
+               : "an address names no user and no password; --user NAME does, and asks for the "
+                 "password";
+}
+
+std::string CheckUser(const std::string& text) {
+    if (text.find(':') != std::string::npos) {
+        return "a user's name holds no \":\", and no password follows it: that is asked for, or "
+               "taken from QUAVERA_PASSWORD";
+    }
+    const bool isName = !text.empty() && text.size() <= kLongestUser && !HoldsControl(text);
+    return isName ? "" : "\"" + text + "\" is no name of a user";
 }
 
 std::string CheckFileName(const std::string& text) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -7,6 +8,8 @@
 #include "tools/Authorities.h"
 #include "tools/CommandLine.h"
 #include "tools/Files.h"
+#include "tools/HttpHeader.h"
+#include "tools/Password.h"
 #include "tools/Printing.h"
 #include "tools/Service.h"
 
@@ -17,6 +20,8 @@ struct FetchOptions {
     std::string endpoint;
     std::string timeout = "60";
     std::string connectTimeout = "10";
+    std::vector<std::string> headers;
+    std::string user;
     std::string authorities;
     bool takesAnyCertificate = false;
     std::string kind;
@@ -24,11 +29,19 @@ struct FetchOptions {
     bool tree = false;
 };
 
+bool IsAuthorization(const std::string& header) {
+    return HeaderName(header) == "authorization";
+}
+
 /// Why the options, each right by itself, are wrong together; empty if they are not.
 std::string WrongTogether(const FetchOptions& options) {
     const bool hasCertificateOption = options.takesAnyCertificate || !options.authorities.empty();
     if (hasCertificateOption && options.endpoint.rfind("https:", 0) != 0) {
         return "--cacert and --insecure are for https:// addresses";
+    }
+    if (!options.user.empty() &&
+        std::any_of(options.headers.begin(), options.headers.end(), IsAuthorization)) {
+        return "--user and --header Authorization exclude each other";
     }
     return "";
 }
@@ -37,12 +50,14 @@ HttpWay WayOf(const FetchOptions& options) {
     HttpWay way;
     way.seconds = *ParseDecimal(options.timeout);
     way.secondsToConnect = *ParseDecimal(options.connectTimeout);
+    way.headers = options.headers;
+    way.user = options.user;
     way.authorities = options.authorities;
     way.takesAnyCertificate = options.takesAnyCertificate;
     return way;
 }
 
-/// How the service is to be asked.
+/// How the service is to be asked. A password is asked for only now, when nothing else is wrong.
 Result<Service> ServiceOf(const FetchOptions& options) {
     Service service = {options.endpoint, WayOf(options)};
     if (!options.authorities.empty()) {
@@ -50,6 +65,13 @@ Result<Service> ServiceOf(const FetchOptions& options) {
         if (!usable) {
             return usable.failure();
         }
+    }
+    if (!options.user.empty()) {
+        const Result<std::string> password = PasswordOf(options.user);
+        if (!password) {
+            return password.failure();
+        }
+        service.way.password = *password;
     }
     return service;
 }
@@ -82,7 +104,17 @@ void DeclareWaiting(CLI::App* command, FetchOptions* options) {
         ->capture_default_str();
 }
 
-void DeclareTrust(CLI::App* command, FetchOptions* options) {
+void DeclareRequest(CLI::App* command, FetchOptions* options) {
+    command
+        ->add_option("--header", options->headers, "A further header, \"NAME: VALUE\"; repeatable")
+        ->check(CheckHeader)
+        ->type_name("HEADER")
+        ->allow_extra_args(false);
+    command
+        ->add_option("--user", options->user,
+                     "Name for the service; the password is QUAVERA_PASSWORD, or asked for")
+        ->check(CheckUser)
+        ->type_name("NAME");
     CLI::Option* const authorities =
         command
             ->add_option("--cacert", options->authorities,
@@ -107,7 +139,7 @@ Run DeclareFetch(CLI::App* command) {
         ->check(CheckHttpAddress)
         ->required();
     DeclareWaiting(command, options.get());
-    DeclareTrust(command, options.get());
+    DeclareRequest(command, options.get());
     command->add_option("record", options->kind, "What to ask for")
         ->check(CLI::IsMember(kinds))
         ->type_name("RECORD")

@@ -8,6 +8,7 @@
 #include <memory>
 #include <new>
 
+#include "tools/HttpHeader.h"
 #include "tools/TransferFailure.h"
 
 namespace tool {
@@ -57,11 +58,27 @@ void Add(Headers* headers, const std::string& line) {
     headers->reset(longer);
 }
 
-Headers RequestHeaders(const HttpPost& post) {
+/// Of a header without a value libcurl takes the name away, unless it is told so by a semicolon.
+std::string FurtherHeader(const std::string& line) {
+    const std::size_t colon = line.find(':');
+    const bool hasValue = line.find_first_not_of(" \t", colon + 1) != std::string::npos;
+    return hasValue ? line : line.substr(0, colon) + ";";
+}
+
+bool IsSoapAction(const std::string& line) {
+    return HeaderName(line) == "soapaction";
+}
+
+Headers RequestHeaders(const HttpPost& post, const HttpWay& way) {
     Headers headers;
     Add(&headers, "Content-Type: " + post.contentType);
-    Add(&headers, "SOAPAction: \"" + post.soapAction + "\"");
+    if (std::none_of(way.headers.begin(), way.headers.end(), IsSoapAction)) {
+        Add(&headers, "SOAPAction: \"" + post.soapAction + "\"");
+    }
     Add(&headers, "Expect:");  // no asking for leave before the body
+    for (const std::string& line : way.headers) {
+        Add(&headers, FurtherHeader(line));
+    }
     return headers;
 }
 
@@ -106,6 +123,11 @@ void SetWay(Options* options, const HttpWay& way) {
         const char* const noFolder = nullptr;  // of the system's, which were trusted beside them
         options->Set(CURLOPT_CAINFO, way.authorities.c_str()).Set(CURLOPT_CAPATH, noFolder);
     }
+    if (!way.user.empty()) {
+        options->Set(CURLOPT_HTTPAUTH, CURLAUTH_BASIC)
+            .Set(CURLOPT_USERNAME, way.user.c_str())
+            .Set(CURLOPT_PASSWORD, way.password.c_str());
+    }
 }
 
 void SetExchange(Options* options, Exchange* exchange) {
@@ -115,7 +137,7 @@ void SetExchange(Options* options, Exchange* exchange) {
 }
 
 CURLcode Perform(CURL* transfer, const HttpPost& post, const HttpWay& way, Exchange* exchange) {
-    const Headers headers = RequestHeaders(post);
+    const Headers headers = RequestHeaders(post, way);
     Options options(transfer);
     SetRequest(&options, post, headers.get());
     SetWay(&options, way);

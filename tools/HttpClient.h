@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "tools/Result.h"
 
@@ -14,8 +15,11 @@ inline constexpr std::size_t kLongestAnswer = std::size_t{64} * 1024 * 1024;
 /// How a client speaks to a server, and for how long it waits.
 struct HttpWay {
     int seconds = 60;  // for all of it, from the first look-up of the host to the last byte
-    int secondsToConnect = 10;  // of these, up to the end of TLS's handshake
-    std::string authorities;    // a file of trusted certificates in PEM; empty: the system's
+    int secondsToConnect = 10;         // of these, up to the end of TLS's handshake
+    std::vector<std::string> headers;  // further ones, "NAME: VALUE"
+    std::string user;                  // empty: nobody
+    std::string password;
+    std::string authorities;  // a file of trusted certificates in PEM; empty: the system's
     bool takesAnyCertificate = false;
 };
 
@@ -23,7 +27,7 @@ struct HttpWay {
 struct HttpPost {
     std::string url;
     std::string contentType;
-    std::string soapAction;
+    std::string soapAction;  // unless a further header gives it
     std::string body;
 };
 
