@@ -11,6 +11,7 @@
 #include "tools/HttpHeader.h"
 #include "tools/Password.h"
 #include "tools/Printing.h"
+#include "tools/Recording.h"
 #include "tools/Service.h"
 
 namespace tool {
@@ -27,6 +28,8 @@ struct FetchOptions {
     std::string kind;
     std::string id;
     bool tree = false;
+    bool raw = false;
+    std::string folder;  // to record to; empty: none
 };
 
 bool IsAuthorization(const std::string& header) {
@@ -42,6 +45,9 @@ std::string WrongTogether(const FetchOptions& options) {
     if (!options.user.empty() &&
         std::any_of(options.headers.begin(), options.headers.end(), IsAuthorization)) {
         return "--user and --header Authorization exclude each other";
+    }
+    if (!options.folder.empty() && !CanBeRecorded(options.id)) {
+        return "--record-to: no such identifier: \"" + options.id + "\" is no plain file name";
     }
     return "";
 }
@@ -76,9 +82,32 @@ Result<Service> ServiceOf(const FetchOptions& options) {
     return service;
 }
 
-Result<std::string> Fetch(const FetchOptions& options, const Service& service) {
-    return Fetch(service, *FindClass(&RecordClass::kind, options.kind), options.id,
-                 options.tree ? Form::kTree : Form::kText);
+/// Prints an answer as it came, whatever it is, and then fails if `printed`, the same in another
+/// form, has failed.
+Result<Done> PrintRaw(const std::string& answer, const Result<std::string>& printed) {
+    const Result<Done> written = WriteOutput(answer);
+    return written && !printed ? printed.failure() : written;
+}
+
+Result<Done> PrintFetched(const FetchOptions& options, const Service& service) {
+    const RecordClass& record = *FindClass(&RecordClass::kind, options.kind);
+    const Result<std::string> answer = Ask(service, record, options.id);
+    if (!answer) {
+        return answer.failure();
+    }
+    const bool isRecorded = !options.folder.empty();
+    if (options.raw && !isRecorded && !IsFault(*answer)) {
+        return WriteOutput(*answer);
+    }
+    const Form form = options.tree ? Form::kTree : Form::kText;
+    const Result<std::string> printed = PrintAnswer(*answer, service.endpoint, record, form);
+    const Result<Done> recorded =
+        printed && isRecorded ? RecordAnswer(options.folder, record.kind, options.id, *answer)
+                              : Done();
+    if (!recorded) {
+        return recorded.failure();
+    }
+    return options.raw ? PrintRaw(*answer, printed) : Print(printed);
 }
 
 int RunFetch(const FetchOptions& options) {
@@ -88,7 +117,7 @@ int RunFetch(const FetchOptions& options) {
         return kWrongUsage;
     }
     const Result<Service> service = ServiceOf(options);
-    return StatusOf(service ? Print(Fetch(options, *service)) : service.failure());
+    return StatusOf(service ? PrintFetched(options, *service) : service.failure());
 }
 
 void DeclareWaiting(CLI::App* command, FetchOptions* options) {
@@ -127,7 +156,16 @@ void DeclareRequest(CLI::App* command, FetchOptions* options) {
 
 void DeclareOutput(CLI::App* command, FetchOptions* options) {
     CLI::Option* const tree = command->add_flag("--tree", options->tree, "Print the element tree");
-    command->add_flag("--text", "Print the record (default)")->excludes(tree);
+    CLI::Option* const text =
+        command->add_flag("--text", "Print the record (default)")->excludes(tree);
+    command->add_flag("--raw", options->raw, "Print the answer's body as it came")
+        ->excludes(tree)
+        ->excludes(text);
+    command
+        ->add_option("--record-to", options->folder,
+                     "Folder to write the answer to, RECORD/ID.xml, as serve reads it")
+        ->check(CheckFileName)
+        ->type_name("DIR");
 }
 
 }  // namespace

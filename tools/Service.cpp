@@ -37,11 +37,6 @@ bool IsXml(const std::string& contentType) {
     return false;
 }
 
-bool IsFault(const std::string& answer) {
-    const Result<SoapMessage> message = ReadSoap(answer, "answer");
-    return message && message->recordElement == "Fault";
-}
-
 /// Faults come with a status of failure.
 Result<std::string> AnswerOf(const std::string& endpoint, HttpReply reply) {
     const std::string status = "HTTP status " + std::to_string(reply.status);
@@ -58,6 +53,11 @@ Result<std::string> AnswerOf(const std::string& endpoint, HttpReply reply) {
 }
 
 }  // namespace
+
+bool IsFault(const std::string& answer) {
+    const Result<SoapMessage> message = ReadSoap(answer, "answer");
+    return message && message->recordElement == "Fault";
+}
 
 Result<std::string> Ask(const Service& service, const RecordClass& record, const std::string& id) {
     const HttpPost post = {service.endpoint, "text/xml; charset=utf-8", "", RequestFor(record, id)};

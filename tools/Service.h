@@ -25,6 +25,9 @@ Result<std::string> Ask(const Service& service, const RecordClass& record, const
 Result<std::string> Fetch(const Service& service, const RecordClass& record, const std::string& id,
                           Form form);
 
+/// Whether an answer is a SOAP fault.
+bool IsFault(const std::string& answer);
+
 }  // namespace tool
 
 #endif  // QUAVERA_TOOLS_SERVICE_H_

@@ -7,13 +7,16 @@
 #include <pty.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <termios.h>
 
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,17 +24,22 @@
 #include "tests/tools/Descriptor.h"
 #include "tests/tools/Files.h"
 #include "tests/tools/Process.h"
+#include "tests/tools/Server.h"
 #include "tests/tools/Socket.h"
 
 namespace {
 
 using tooltest::Arguments;
+using tooltest::Contents;
+using tooltest::DataPath;
 using tooltest::Descriptor;
 using tooltest::Envelope;
 using tooltest::Outcome;
 using tooltest::Port;
 using tooltest::Printed;
 using tooltest::Refused;
+using tooltest::Server;
+using tooltest::TempFolder;
 using tooltest::Track;
 
 constexpr int kWrongUsage = 2;
@@ -45,6 +53,10 @@ std::string Http(const std::string& head, const std::string& body) {
 }
 
 const std::string kGood = Http("200 OK\r\nContent-Type: text/xml", kTrack);
+
+std::string Fault() {
+    return Contents(DataPath("bad/fault-1.1.xml"));
+}
 
 Arguments FetchFrom(const std::string& endpoint, const Arguments& options) {
     Arguments all = {"fetch", "--endpoint", endpoint};
@@ -84,6 +96,14 @@ std::string Request(Arguments options) {
 
 bool Holds(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
+}
+
+std::size_t Count(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
 }
 
 /// A variable of the environment, as long as it lives.
@@ -319,6 +339,144 @@ TEST(FetchPrompt, EndOfInputIsNoPassword) {
     tool.Type("\x04");
     EXPECT_EQ(tool.Finish(), 1);
     EXPECT_TRUE(Holds(tool.ReadTo("all"), "no password")) << tool.ReadTo("all");
+}
+
+// Answers as they come
+
+TEST(FetchRaw, PrintsTheBodyWhateverItIs) {
+    for (const std::string& body :
+         {kTrack, std::string("no XML\0 at all\xFF\r\n", 17), std::string("<a>")}) {
+        EXPECT_TRUE(Printed(
+            Answer({"--raw"}, {Http("200 OK\r\nContent-Type: text/plain", body)}).outcome, body));
+    }
+}
+
+TEST(FetchRaw, FaultIsPrintedAndFails) {
+    for (const char* const status : {"500 Internal Server Error", "400 Bad Request", "200 OK"}) {
+        const Outcome outcome =
+            Answer({"--raw"}, {Http(std::string(status) + "\r\nContent-Type: text/xml", Fault())})
+                .outcome;
+        EXPECT_EQ(outcome.status, 1) << status;
+        EXPECT_EQ(outcome.output, Fault()) << status;
+        EXPECT_TRUE(Holds(outcome.errors, "the service answered with a fault: ")) << outcome.errors;
+        EXPECT_EQ(Count(outcome.errors, "\n"), 1U) << outcome.errors;
+    }
+}
+
+TEST(FetchRaw, OtherFailuresPrintNothing) {
+    EXPECT_TRUE(Refused(
+        Answer({"--raw"}, {Http("404 Not Found\r\nContent-Type: text/html", "<p/>")}).outcome, 1,
+        {"HTTP status 404"}));
+    EXPECT_TRUE(
+        Refused(Answer({"--raw"}, {Http("500 No\r\nContent-Type: text/xml", kTrack)}).outcome, 1,
+                {"HTTP status 500"}));
+    EXPECT_TRUE(Refused(Answer({"--raw"}, {kGood.substr(0, kGood.size() - 1)}).outcome, 1,
+                        {"1 bytes remaining"}));
+    const Port nobody;
+    EXPECT_TRUE(
+        Refused(tooltest::RunTool(FetchFrom(nobody.Endpoint(), {"--raw"})), 1, {"refused"}));
+}
+
+TEST(FetchRaw, FormsExcludeEachOther) {
+    for (const Arguments& forms : {Arguments{"--raw", "--tree"}, Arguments{"--raw", "--text"},
+                                   Arguments{"--text", "--tree"}}) {
+        EXPECT_TRUE(
+            Refused(tooltest::RunTool(FetchFrom("http://127.0.0.1:1", forms)), kWrongUsage, forms));
+    }
+}
+
+// Recording
+
+std::vector<std::string> FilesBelow(const std::string& folder) {
+    std::vector<std::string> files;
+    if (std::filesystem::exists(folder)) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+            if (!entry.is_directory()) {
+                files.push_back(entry.path().lexically_relative(folder).string());
+            }
+        }
+    }
+    return files;
+}
+
+TEST(FetchRecord, AnswersMakeACatalogue) {
+    const Server server;
+    const TempFolder folder;
+    const std::string catalogue = folder.path() + "/new/catalogue";
+    const std::vector<Arguments> asked = {
+        {"album", "Alb.40013100"}, {"images", "Alb.40013100"}, {"index"}};
+    std::vector<std::string> printed;
+    for (const Arguments& each : asked) {
+        Arguments recording = {"--record-to", catalogue};
+        recording.insert(recording.end(), each.begin(), each.end());
+        const Outcome outcome = server.Fetch(recording);
+        EXPECT_TRUE(Printed(outcome, server.Fetch(each).output));
+        EXPECT_NE(outcome.output, "");
+        printed.push_back(outcome.output);
+    }
+    const Server recorded(catalogue);
+    for (std::size_t at = 0; at < asked.size(); ++at) {
+        EXPECT_TRUE(Printed(recorded.Fetch(asked[at]), printed[at]));
+    }
+    EXPECT_EQ(FilesBelow(catalogue).size(), asked.size());
+    EXPECT_NE(Contents(catalogue + "/index/default.xml"), "");
+}
+
+TEST(FetchRecord, AnswerIsKeptAsItCame) {
+    const TempFolder folder;
+    const std::string body = "<?xml version='1.0'?>\r\n" + kTrack + "\n<!-- end -->";
+    const std::string answer = Http("200 OK\r\nContent-Type: text/xml", body);
+    const std::string file = folder.Add("track/Tra.1.xml", "what was there");
+    const mode_t before = umask(027);
+    EXPECT_TRUE(Printed(Answer({"--tree", "--record-to", folder.path()}, {answer}).outcome, kTree));
+    umask(before);
+    EXPECT_EQ(Contents(file), body);
+    EXPECT_EQ(FilesBelow(folder.path()).size(), 1U);
+    struct stat status {};
+    EXPECT_EQ(stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0640U);
+}
+
+TEST(FetchRecord, OnlyWhatWasAskedForIsKept) {
+    const TempFolder folder;
+    const std::string catalogue = folder.path() + "/catalogue";
+    for (const std::string& body :
+         {Fault(), Contents(DataPath("bad/other-record.xml")), std::string("<a/>"),
+          Contents(DataPath("bad/number-is-text.xml")), std::string("no XML")}) {
+        const std::string answer = Http("200 OK\r\nContent-Type: text/xml", body);
+        EXPECT_TRUE(Refused(Answer({"--record-to", catalogue}, {answer}).outcome, 1, {"http://"}))
+            << body;
+        const Outcome raw = Answer({"--raw", "--record-to", catalogue}, {answer}).outcome;
+        EXPECT_EQ(raw.status, 1) << body;
+        EXPECT_EQ(raw.output, body);
+        EXPECT_EQ(Count(raw.errors, "\n"), 1U) << raw.errors;
+        EXPECT_FALSE(std::filesystem::exists(catalogue)) << body;
+    }
+}
+
+TEST(FetchRecord, IdentifierThatLeadsElsewhereIsNotAskedFor) {
+    const TempFolder folder;
+    for (const std::string& id :
+         {std::string("../outside"), std::string("/outside"), std::string("sub/Tra.1"),
+          std::string("."), std::string(".."), std::string(".hidden"), std::string(252, 'x')}) {
+        EXPECT_TRUE(Refused(tooltest::RunTool({"fetch", "--endpoint", "http://127.0.0.1:1",
+                                               "--record-to", folder.path(), "track", id}),
+                            kWrongUsage, {"--record-to", "no such identifier"}))
+            << id;
+    }
+    EXPECT_TRUE(Refused(tooltest::RunTool(FetchFrom("http://127.0.0.1:1", {"--record-to", ""})),
+                        kWrongUsage, {"--record-to"}));
+    EXPECT_EQ(FilesBelow(folder.path()), std::vector<std::string>());
+}
+
+TEST(FetchRecord, PlaceThatCannotBeWrittenIsNamed) {
+    const TempFolder folder;
+    const std::string file = folder.Add("file", "");
+    EXPECT_TRUE(Refused(Answer({"--record-to", file}, {kGood}).outcome, 1, {file + "/track: "}));
+    folder.Add("track/Tra.1.xml/file", "");
+    EXPECT_TRUE(Refused(Answer({"--record-to", folder.path()}, {kGood}).outcome, 1,
+                        {folder.path() + "/track/Tra.1.xml: "}));
+    EXPECT_EQ(FilesBelow(folder.path()).size(), 2U);
 }
 
 // Phases

@@ -199,7 +199,7 @@ TEST_F(Https, FileWithoutCertificatesIsNamed) {
     }
 }
 
-TEST_F(Https, StandInIsAsked) {
+TEST_F(Https, StandInIsAskedAndRecorded) {
     const Identity identity = authority_.Issue({});
     tooltest::Process server({"serve", "--port", "0", "--tls",
                               folder_.Add("server.pem", identity.certificate),
@@ -208,10 +208,14 @@ TEST_F(Https, StandInIsAsked) {
     const std::string prefix = "listening on ";
     ASSERT_EQ(line.rfind(prefix + "https://127.0.0.1:", 0), 0U) << line;
     const std::string endpoint = line.substr(prefix.size(), line.size() - prefix.size() - 1);
-    EXPECT_TRUE(Printed(
-        tooltest::RunTool(
-            {"fetch", "--endpoint", endpoint, "--cacert", trusted_, "album", "Alb.40013100"}),
-        tooltest::RunTool({"show", QUAVERA_TEST_CATALOG "/album/Alb.40013100.xml"}).output));
+    const std::string catalogue = folder_.path() + "/catalogue";
+    const Outcome fetched =
+        tooltest::RunTool({"fetch", "--endpoint", endpoint, "--cacert", trusted_, "--record-to",
+                           catalogue, "album", "Alb.40013100"});
+    EXPECT_EQ(fetched.status, 0) << fetched.errors;
+    EXPECT_NE(fetched.output, "");
+    EXPECT_TRUE(Printed(tooltest::RunTool({"show", catalogue + "/album/Alb.40013100.xml"}),
+                        fetched.output));
     EXPECT_TRUE(
         Refused(tooltest::RunTool({"fetch", "--endpoint", endpoint, "album", "Alb.40013100"}), 1,
                 {endpoint + ": the certificate is refused: "}));
