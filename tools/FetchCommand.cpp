@@ -25,6 +25,7 @@ struct FetchOptions {
     std::string user;
     std::string authorities;
     bool takesAnyCertificate = false;
+    bool isVerbose = false;
     std::string kind;
     std::string id;
     bool tree = false;
@@ -64,8 +65,9 @@ HttpWay WayOf(const FetchOptions& options) {
 }
 
 /// How the service is to be asked. A password is asked for only now, when nothing else is wrong.
-Result<Service> ServiceOf(const FetchOptions& options) {
+Result<Service> ServiceOf(const FetchOptions& options, WireTrace* trace) {
     Service service = {options.endpoint, WayOf(options)};
+    service.way.trace = options.isVerbose ? trace : nullptr;
     if (!options.authorities.empty()) {
         const Result<Done> usable = CheckAuthorities(options.authorities);
         if (!usable) {
@@ -116,7 +118,8 @@ int RunFetch(const FetchOptions& options) {
         Report({"arguments", wrong});
         return kWrongUsage;
     }
-    const Result<Service> service = ServiceOf(options);
+    WireTrace trace;
+    const Result<Service> service = ServiceOf(options, &trace);
     return StatusOf(service ? PrintFetched(options, *service) : service.failure());
 }
 
@@ -166,6 +169,8 @@ void DeclareOutput(CLI::App* command, FetchOptions* options) {
                      "Folder to write the answer to, RECORD/ID.xml, as serve reads it")
         ->check(CheckFileName)
         ->type_name("DIR");
+    command->add_flag("-v,--verbose", options->isVerbose,
+                      "Show request and answer on standard error");
 }
 
 }  // namespace

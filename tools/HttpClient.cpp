@@ -25,6 +25,7 @@ using Headers = std::unique_ptr<curl_slist, CleanUp>;
 struct Exchange {
     std::string body;
     bool isTooLong = false;
+    WireTrace* trace = nullptr;
     std::exception_ptr failure;  // must not pass through libcurl's frames
 };
 
@@ -47,6 +48,28 @@ std::size_t TakeBody(char* data, std::size_t size, std::size_t count, void* user
         exchange->body.append(data, bytes);
     });
     return isTaken ? bytes : 0;
+}
+
+int TakeTrace(CURL* /*transfer*/, curl_infotype type, char* data, std::size_t size, void* user) {
+    constexpr struct {
+        curl_infotype type;
+        WireTrace::Part part;
+    } kParts[] = {
+        {CURLINFO_TEXT, WireTrace::kFacts},
+        {CURLINFO_HEADER_OUT, WireTrace::kRequestHead},
+        {CURLINFO_DATA_OUT, WireTrace::kRequestBody},
+        {CURLINFO_HEADER_IN, WireTrace::kAnswerHead},
+        {CURLINFO_DATA_IN, WireTrace::kAnswerBody},
+    };
+    auto* const exchange = static_cast<Exchange*>(user);
+    Guard(exchange, [=] {
+        for (const auto& each : kParts) {
+            if (each.type == type) {
+                exchange->trace->Take(each.part, {data, size});
+            }
+        }
+    });
+    return 0;
 }
 
 void Add(Headers* headers, const std::string& line) {
@@ -134,6 +157,11 @@ void SetExchange(Options* options, Exchange* exchange) {
     options->Set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(kLongestAnswer))
         .Set(CURLOPT_WRITEFUNCTION, TakeBody)
         .Set(CURLOPT_WRITEDATA, exchange);
+    if (exchange->trace != nullptr) {
+        options->Set(CURLOPT_VERBOSE, 1L)
+            .Set(CURLOPT_DEBUGFUNCTION, TakeTrace)
+            .Set(CURLOPT_DEBUGDATA, exchange);
+    }
 }
 
 CURLcode Perform(CURL* transfer, const HttpPost& post, const HttpWay& way, Exchange* exchange) {
@@ -143,6 +171,9 @@ CURLcode Perform(CURL* transfer, const HttpPost& post, const HttpWay& way, Excha
     SetWay(&options, way);
     SetExchange(&options, exchange);
     const CURLcode code = options.code() == CURLE_OK ? curl_easy_perform(transfer) : options.code();
+    if (exchange->trace != nullptr) {
+        exchange->trace->End();
+    }
     if (exchange->failure != nullptr) {
         std::rethrow_exception(exchange->failure);
     }
@@ -170,6 +201,7 @@ Result<HttpReply> Post(const HttpPost& post, const HttpWay& way) {
     std::array<char, CURL_ERROR_SIZE> detail = {};
     curl_easy_setopt(transfer.get(), CURLOPT_ERRORBUFFER, detail.data());
     Exchange exchange;
+    exchange.trace = way.trace;
     const CURLcode code = Perform(transfer.get(), post, way, &exchange);
     if (exchange.isTooLong || code == CURLE_FILESIZE_EXCEEDED) {
         return Failure{post.url, "the answer is longer than " + std::to_string(kLongestAnswer) +

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tools/Result.h"
+#include "tools/WireTrace.h"
 
 namespace tool {
 
@@ -21,6 +22,7 @@ struct HttpWay {
     std::string password;
     std::string authorities;  // a file of trusted certificates in PEM; empty: the system's
     bool takesAnyCertificate = false;
+    WireTrace* trace = nullptr;  // shown the exchange, where it is not null
 };
 
 /// What a client sends.

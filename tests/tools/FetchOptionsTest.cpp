@@ -479,6 +479,89 @@ TEST(FetchRecord, PlaceThatCannotBeWrittenIsNamed) {
     EXPECT_EQ(FilesBelow(folder.path()).size(), 2U);
 }
 
+// What goes over the wire
+
+bool HasPrefix(const std::string& line) {
+    for (const char* const prefix : {"* ", "> ", "< "}) {
+        if (line.rfind(prefix, 0) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST(FetchVerbose, ShowsRequestAndAnswer) {
+    for (const char* const option : {"-v", "--verbose"}) {
+        const Outcome outcome = Answer({option, "--tree"}, {kGood}).outcome;
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.output, kTree);
+        std::istringstream lines(outcome.errors);
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_TRUE(HasPrefix(line)) << line;
+        }
+        for (const std::string& line :
+             {std::string("> POST / HTTP/1.1\n"), std::string("> SOAPAction: \"\"\n> "),
+              std::string("<id>Tra.1</id>"), std::string("< HTTP/1.1 200 OK\n"),
+              std::string("< Content-Type: text/xml\n"), "< \n< " + kTrack + "\n"}) {
+            EXPECT_TRUE(Holds(outcome.errors, line)) << line << outcome.errors;
+        }
+    }
+}
+
+TEST(FetchVerbose, FailureComesAfterwards) {
+    const Port nobody;
+    const Outcome outcome = tooltest::RunTool(FetchFrom(nobody.Endpoint(), {"-v"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors.rfind("* ", 0), 0U) << outcome.errors;
+    EXPECT_TRUE(Holds(outcome.errors, "\nquavera: " + nobody.Endpoint() + ": ")) << outcome.errors;
+}
+
+TEST(FetchVerbose, CredentialsAreNotShownEvenIfTheyComeBack) {
+    const Variable password("QUAVERA_PASSWORD", "open: sesame");
+    const std::string secret = "YWxpOm9wZW46IHNlc2FtZQ==";
+    const std::string answer =
+        Http("200 OK\r\nContent-Type: text/xml\r\nX-Got: Basic " + secret,
+             kTrack + "<!-- " + secret + " -->\n<!-- " + secret + secret + " -->");
+    const Exchange exchange = Answer({"-v", "--tree", "--user", "ali"}, {answer});
+    EXPECT_TRUE(Holds(exchange.requests.front(), secret));
+    EXPECT_EQ(exchange.outcome.output, kTree);
+    EXPECT_FALSE(Holds(exchange.outcome.errors, secret)) << exchange.outcome.errors;
+    EXPECT_FALSE(Holds(exchange.outcome.errors, "sesame")) << exchange.outcome.errors;
+    EXPECT_TRUE(Holds(exchange.outcome.errors, "> Authorization: (not shown)\n"));
+    EXPECT_TRUE(Holds(exchange.outcome.errors, "< X-Got: Basic (not shown)\n"));
+
+    const Exchange bearer =
+        Answer({"-v", "--tree", "--header", "authorization: Bearer " + secret}, {answer});
+    EXPECT_TRUE(Holds(bearer.requests.front(), secret));
+    EXPECT_FALSE(Holds(bearer.outcome.errors, secret)) << bearer.outcome.errors;
+}
+
+TEST(FetchVerbose, WhatControlsATerminalIsShownAsItsCode) {
+    const std::string answer = Http(
+        "200 \x1B[2J\r\nContent-Type: text/xml\r\nX: \xC2\x9B"
+        "31m\x07",
+        kTrack + "<!-- \xFF \r \xC3\xA9\t -->");
+    const Outcome outcome = Answer({"-v", "--raw"}, {answer}).outcome;
+    for (const char* const part : {"< HTTP/1.1 200 \\x1B[2J\n",
+                                   "< X: \\xC2\\x9B"
+                                   "31m\\x07\n",
+                                   "<!-- \\xFF \\x0D \xC3\xA9\t -->"}) {
+        EXPECT_TRUE(Holds(outcome.errors, part)) << part << outcome.errors;
+    }
+    for (const char* const part : {"\x1B", "\xC2\x9B", "\x07", "\xFF", "\r"}) {
+        EXPECT_FALSE(Holds(outcome.errors, part));
+    }
+}
+
+TEST(FetchVerbose, LongAnswerIsCutWithANote) {
+    const std::string body(1000000, 'x');
+    const Outcome outcome = Answer({"-v", "--raw"}, {Http("200 OK", body)}).outcome;
+    EXPECT_EQ(outcome.output, body);
+    EXPECT_TRUE(Holds(outcome.errors, "\n< (983616 more bytes are not shown)\n"));
+    EXPECT_TRUE(Holds(outcome.errors, "< " + body.substr(0, 16384) + "\n"));
+    EXPECT_LT(outcome.errors.size(), 20000U);
+}
+
 // Phases
 
 TEST(FetchPhase, IsNamedWithTheReason) {

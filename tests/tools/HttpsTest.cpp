@@ -199,6 +199,16 @@ TEST_F(Https, FileWithoutCertificatesIsNamed) {
     }
 }
 
+TEST_F(Https, FactsOfTheConnectionAreShown) {
+    Arguments arguments = Trusting();
+    arguments.emplace_back("--verbose");
+    const Outcome outcome = Fetch(arguments, authority_.Issue({}));
+    EXPECT_EQ(outcome.output, kTree);
+    EXPECT_NE(outcome.errors.find("\n* SSL connection using TLS1.3"), std::string::npos);
+    EXPECT_NE(outcome.errors.find("\n> POST / HTTP/1.1\n"), std::string::npos);
+    EXPECT_NE(outcome.errors.find("\n< HTTP/1.1 200 OK\n"), std::string::npos);
+}
+
 TEST_F(Https, StandInIsAskedAndRecorded) {
     const Identity identity = authority_.Issue({});
     tooltest::Process server({"serve", "--port", "0", "--tls",
