@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kHighestPort = 65535;
 constexpr int kMostSeconds = 24 * 60 * 60;
+constexpr int kMostRetries = 10;
 constexpr std::size_t kLongestAddress = 1000;
 constexpr std::size_t kLongestUser = 255;
 
@@ -61,6 +62,13 @@ std::string CheckHttpAddress(const std::string& text) {
                ? "\"" + text + "\" is no http:// or https:// address"
                : "an address names no user and no password; --user NAME does, and asks for the "
                  "password";
+}
+
+std::string CheckRetries(const std::string& text) {
+    const int retries = ParseDecimal(text).value_or(-1);
+    return retries >= 0 && retries <= kMostRetries
+               ? ""
+               : "\"" + text + "\" is no number from 0 to " + std::to_string(kMostRetries);
 }
 
 std::string CheckUser(const std::string& text) {

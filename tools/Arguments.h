@@ -14,6 +14,7 @@ std::string CheckCode(const std::string& text);
 std::string CheckSeconds(const std::string& text);
 std::string CheckPort(const std::string& text);
 std::string CheckHttpAddress(const std::string& text);
+std::string CheckRetries(const std::string& text);
 std::string CheckUser(const std::string& text);
 std::string CheckFileName(const std::string& text);
 

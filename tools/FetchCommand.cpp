@@ -21,6 +21,7 @@ struct FetchOptions {
     std::string endpoint;
     std::string timeout = "60";
     std::string connectTimeout = "10";
+    std::string retries = "0";
     std::vector<std::string> headers;
     std::string user;
     std::string authorities;
@@ -66,7 +67,7 @@ HttpWay WayOf(const FetchOptions& options) {
 
 /// How the service is to be asked. A password is asked for only now, when nothing else is wrong.
 Result<Service> ServiceOf(const FetchOptions& options, WireTrace* trace) {
-    Service service = {options.endpoint, WayOf(options)};
+    Service service = {options.endpoint, WayOf(options), *ParseDecimal(options.retries)};
     service.way.trace = options.isVerbose ? trace : nullptr;
     if (!options.authorities.empty()) {
         const Result<Done> usable = CheckAuthorities(options.authorities);
@@ -132,6 +133,12 @@ void DeclareWaiting(CLI::App* command, FetchOptions* options) {
         ->add_option("--connect-timeout", options->connectTimeout,
                      "Of these, seconds to wait for the connection")
         ->check(CheckSeconds)
+        ->type_name("N")
+        ->capture_default_str();
+    command
+        ->add_option("--retry", options->retries,
+                     "Tries after one that failed in a way that may pass")
+        ->check(CheckRetries)
         ->type_name("N")
         ->capture_default_str();
 }

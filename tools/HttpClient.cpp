@@ -14,6 +14,9 @@
 namespace tool {
 namespace {
 
+/// No server is waited for that long: what it asks for beyond that makes no difference.
+constexpr curl_off_t kLongestWait = 1000000;
+
 struct CleanUp {
     void operator()(CURL* transfer) const { curl_easy_cleanup(transfer); }
     void operator()(curl_slist* list) const { curl_slist_free_all(list); }
@@ -183,16 +186,19 @@ CURLcode Perform(CURL* transfer, const HttpPost& post, const HttpWay& way, Excha
 HttpReply ReplyOf(CURL* transfer, Exchange* exchange) {
     HttpReply reply;
     const char* type = nullptr;
+    curl_off_t seconds = 0;
     curl_easy_getinfo(transfer, CURLINFO_RESPONSE_CODE, &reply.status);
     curl_easy_getinfo(transfer, CURLINFO_CONTENT_TYPE, &type);
+    curl_easy_getinfo(transfer, CURLINFO_RETRY_AFTER, &seconds);
     reply.contentType = type == nullptr ? "" : type;
     reply.body = std::move(exchange->body);
+    reply.secondsToWait = static_cast<long>(std::clamp<curl_off_t>(seconds, 0, kLongestWait));
     return reply;
 }
 
 }  // namespace
 
-Result<HttpReply> Post(const HttpPost& post, const HttpWay& way) {
+HttpOutcome Post(const HttpPost& post, const HttpWay& way) {
     static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
     const Transfer transfer(ready == CURLE_OK ? curl_easy_init() : nullptr);
     if (transfer == nullptr) {
@@ -204,13 +210,14 @@ Result<HttpReply> Post(const HttpPost& post, const HttpWay& way) {
     exchange.trace = way.trace;
     const CURLcode code = Perform(transfer.get(), post, way, &exchange);
     if (exchange.isTooLong || code == CURLE_FILESIZE_EXCEEDED) {
-        return Failure{post.url, "the answer is longer than " + std::to_string(kLongestAnswer) +
-                                     " bytes (receiving)"};
+        return {Failure{post.url, "the answer is longer than " + std::to_string(kLongestAnswer) +
+                                      " bytes (receiving)"}};
     }
     if (code != CURLE_OK) {
-        return Failure{post.url, DescribeFailure(transfer.get(), code, detail.data(), post, way)};
+        return {Failure{post.url, DescribeFailure(transfer.get(), code, detail.data(), post, way)},
+                IsPassing(code)};
     }
-    return ReplyOf(transfer.get(), &exchange);
+    return {ReplyOf(transfer.get(), &exchange)};
 }
 
 }  // namespace tool

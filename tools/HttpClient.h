@@ -37,13 +37,20 @@ struct HttpReply {
     long status = 0;
     std::string contentType;
     std::string body;
+    long secondsToWait = 0;  // that the server asks for ahead of another request
+};
+
+/// What came of a request.
+struct HttpOutcome {
+    Result<HttpReply> reply;
+    bool isPassing = false;  // a failure that another try may not meet
 };
 
 /// Sends and returns the answer, of whatever status; a redirection is not followed. An answer that
 /// is cut short or too long, an unreachable host, a refused certificate and a time that has run out
 /// are failures, which name the phase in which they happened. Proxies that the environment names
 /// are not used.
-Result<HttpReply> Post(const HttpPost& post, const HttpWay& way);
+HttpOutcome Post(const HttpPost& post, const HttpWay& way);
 
 }  // namespace tool
 

@@ -1,10 +1,15 @@
 #include "tools/Service.h"
 
+#include <chrono>
 #include <new>
+#include <optional>
 #include <sstream>
 #include <string_view>
+#include <thread>
 #include <utility>
 
+#include "tools/Files.h"
+#include "tools/Patience.h"
 #include "tools/SoapContext.h"
 #include "tools/SoapReader.h"
 
@@ -14,6 +19,8 @@ namespace {
 constexpr long kFirstSuccess = 200;
 constexpr long kFirstRedirection = 300;
 constexpr long kFirstError = 400;
+constexpr long kTooMany = 429;  // requests in a while
+constexpr long kFirstServerError = 500;
 
 /// The request's envelope, by the generated client.
 std::string RequestFor(const RecordClass& record, const std::string& id) {
@@ -37,19 +44,41 @@ bool IsXml(const std::string& contentType) {
     return false;
 }
 
+/// What came of a try.
+struct Verdict {
+    Result<std::string> answer;
+    bool isPassing = false;
+    long secondsToWait = 0;
+};
+
 /// Faults come with a status of failure.
-Result<std::string> AnswerOf(const std::string& endpoint, HttpReply reply) {
-    const std::string status = "HTTP status " + std::to_string(reply.status);
+Verdict JudgeReply(const std::string& endpoint, HttpReply reply) {
+    std::string status = "HTTP status " + std::to_string(reply.status);
     const bool isSuccess = reply.status >= kFirstSuccess && reply.status < kFirstRedirection;
     const bool isFault =
         reply.status >= kFirstError && IsXml(reply.contentType) && IsFault(reply.body);
     if (!isSuccess && !isFault) {
-        return Failure{endpoint, status};
+        const bool isPassing = reply.status >= kFirstServerError || reply.status == kTooMany;
+        if (reply.secondsToWait > 0) {
+            status += "; it asks to wait " + std::to_string(reply.secondsToWait) + " s";
+        }
+        return {Failure{endpoint, status}, isPassing, reply.secondsToWait};
     }
     if (reply.body.empty()) {
-        return Failure{endpoint, "an empty answer with " + status};
+        return {Failure{endpoint, "an empty answer with " + status}};
     }
-    return std::move(reply.body);
+    return {std::move(reply.body)};
+}
+
+Verdict Try(const HttpPost& post, const HttpWay& way) {
+    HttpOutcome outcome = Post(post, way);
+    return outcome.reply ? JudgeReply(post.url, std::move(*outcome.reply))
+                         : Verdict{outcome.reply.failure(), outcome.isPassing};
+}
+
+void Pause(const Failure& failure, int seconds) {
+    Report({failure.where, failure.what + "; trying again in " + std::to_string(seconds) + " s"});
+    std::this_thread::sleep_for(std::chrono::seconds(seconds));
 }
 
 }  // namespace
@@ -61,8 +90,17 @@ bool IsFault(const std::string& answer) {
 
 Result<std::string> Ask(const Service& service, const RecordClass& record, const std::string& id) {
     const HttpPost post = {service.endpoint, "text/xml; charset=utf-8", "", RequestFor(record, id)};
-    Result<HttpReply> reply = Post(post, service.way);
-    return reply ? AnswerOf(post.url, std::move(*reply)) : reply.failure();
+    Patience patience(service.retries);
+    Verdict verdict = Try(post, service.way);
+    while (!verdict.answer && verdict.isPassing) {
+        const std::optional<int> seconds = patience.Next(verdict.secondsToWait);
+        if (!seconds) {
+            break;
+        }
+        Pause(verdict.answer.failure(), *seconds);
+        verdict = Try(post, service.way);
+    }
+    return std::move(verdict.answer);
 }
 
 Result<std::string> Fetch(const Service& service, const RecordClass& record, const std::string& id,

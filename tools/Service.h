@@ -14,6 +14,7 @@ namespace tool {
 struct Service {
     std::string endpoint;
     HttpWay way = {};
+    int retries = 0;  // after failures that may pass; each is reported
 };
 
 /// Asks for a record of the class, which has a request, and returns the text of the answer, a fault

@@ -2,6 +2,7 @@
 
 #include <gnutls/gnutls.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -110,6 +111,15 @@ std::string DescribeFailure(CURL* transfer, CURLcode code, const std::string& de
         known.pop_back();
     }
     return ReasonOf(transfer, code, known, way) + " (" + PhaseOf(transfer, code, post) + ")";
+}
+
+bool IsPassing(CURLcode code) {
+    constexpr CURLcode kPassing[] = {
+        CURLE_COULDNT_RESOLVE_HOST, CURLE_COULDNT_CONNECT, CURLE_OPERATION_TIMEDOUT,
+        CURLE_SEND_ERROR,           CURLE_RECV_ERROR,      CURLE_GOT_NOTHING,
+        CURLE_PARTIAL_FILE,
+    };
+    return std::find(std::begin(kPassing), std::end(kPassing), code) != std::end(kPassing);
 }
 
 }  // namespace tool

@@ -15,6 +15,9 @@ namespace tool {
 std::string DescribeFailure(CURL* transfer, CURLcode code, const std::string& detail,
                             const HttpPost& post, const HttpWay& way);
 
+/// Whether another try may succeed: the server could not be reached, was too slow, or broke off.
+bool IsPassing(CURLcode code);
+
 }  // namespace tool
 
 #endif  // QUAVERA_TOOLS_TRANSFER_FAILURE_H_

@@ -562,6 +562,79 @@ TEST(FetchVerbose, LongAnswerIsCutWithANote) {
     EXPECT_LT(outcome.errors.size(), 20000U);
 }
 
+// Trying again
+
+TEST(FetchRetry, ServiceThatRecoversIsAskedAgain) {
+    const Exchange exchange =
+        Answer({"--retry", "3", "--tree"}, {Http("502 Bad Gateway", "sorry"), "", kGood});
+    EXPECT_EQ(exchange.outcome.status, 0);
+    EXPECT_EQ(exchange.outcome.output, kTree);
+    EXPECT_EQ(Count(exchange.outcome.errors, "\n"), 2U) << exchange.outcome.errors;
+    EXPECT_TRUE(Holds(exchange.outcome.errors, ": HTTP status 502; trying again in 1 s\n"));
+    EXPECT_TRUE(Holds(exchange.outcome.errors, "; trying again in 2 s\n"));
+    EXPECT_EQ(exchange.requests[0], exchange.requests[2]);
+}
+
+TEST(FetchRetry, ServiceGetsThePauseThatItAsksFor) {
+    for (const char* const status : {"503 Busy", "429 Too Many"}) {
+        const Exchange exchange =
+            Answer({"--retry", "1", "--tree"},
+                   {Http(std::string(status) + "\r\nRetry-After: 2", ""), kGood});
+        EXPECT_EQ(exchange.outcome.output, kTree);
+        EXPECT_TRUE(Holds(exchange.outcome.errors, "; trying again in 2 s\n"))
+            << exchange.outcome.errors;
+    }
+}
+
+TEST(FetchRetry, ServiceThatAsksForTooLongAPauseIsLeft) {
+    EXPECT_TRUE(
+        Refused(Answer({"--retry", "3"}, {Http("503 Busy\r\nRetry-After: 3600", "")}).outcome, 1,
+                {"HTTP status 503", "3600 s"}));
+}
+
+TEST(FetchRetry, EndsWithTheLastFailure) {
+    const Port nobody;
+    const Outcome outcome = tooltest::RunTool(FetchFrom(nobody.Endpoint(), {"--retry", "1"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(Count(outcome.errors, "refused (connecting)"), 2U) << outcome.errors;
+    EXPECT_EQ(Count(outcome.errors, "; trying again in 1 s\n"), 1U) << outcome.errors;
+}
+
+TEST(FetchRetry, SlowServiceIsAskedAgain) {
+    const Port port;
+    port.Listen();
+    tooltest::Process fetch(
+        FetchFrom(port.Endpoint(), {"--retry", "1", "--timeout", "1", "--tree"}));
+    const Descriptor silent = port.Accept();
+    {
+        const Descriptor connection = port.Accept();
+        tooltest::ReceiveRequest(connection);
+        tooltest::Send(connection, kGood);
+    }
+    const Outcome outcome = fetch.Finish();
+    EXPECT_EQ(outcome.output, kTree);
+    EXPECT_TRUE(Holds(outcome.errors, "timed out")) << outcome.errors;
+}
+
+TEST(FetchRetry, AnswersThatStayAreNotAskedForAgain) {
+    for (const std::string& answer :
+         {Http("500 Error\r\nContent-Type: text/xml", Fault()),
+          Http("503 Busy\r\nContent-Type: text/xml\r\nRetry-After: 1", Fault()),
+          Http("200 OK\r\nContent-Type: text/xml", Fault()), Http("404 Not Found", ""),
+          Http("401 Unauthorized", ""), Http("301 Moved\r\nLocation: /x", ""),
+          Http("200 OK", "no XML"), Http("200 OK", ""), std::string("no HTTP\r\n\r\n")}) {
+        EXPECT_TRUE(Refused(Answer({"--retry", "3"}, {answer}).outcome, 1, {"http://"})) << answer;
+    }
+}
+
+TEST(FetchRetry, NumberIsSmall) {
+    for (const char* const retries : {"-1", "11", "x", "", "1.5"}) {
+        EXPECT_TRUE(
+            Refused(tooltest::RunTool(FetchFrom("http://127.0.0.1:1", {"--retry", retries})),
+                    kWrongUsage, {"--retry"}));
+    }
+}
+
 // Phases
 
 TEST(FetchPhase, IsNamedWithTheReason) {

@@ -152,6 +152,14 @@ TEST_F(Https, AnyCertificateIsTakenWhereThatIsAskedFor) {
     }
 }
 
+// The port listens for one client: a second try would be refused, with another message.
+TEST_F(Https, RefusedCertificateIsNotTriedAgain) {
+    Arguments arguments = Trusting();
+    arguments.insert(arguments.end(), {"--retry", "3"});
+    EXPECT_TRUE(
+        Refused(Fetch(arguments, Authority("Foreign authority").Issue({})), 1, {"no authority"}));
+}
+
 TEST_F(Https, ServerThatNeverSpeaksIsLeft) {
     port_.Listen();
     for (const Arguments& bounds :
