@@ -3,6 +3,7 @@
 #include <new>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 #include "tools/CommandLine.h"
 #include "tools/Differences.h"
@@ -58,12 +59,9 @@ Result<Done> Reconcile(const DiffOptions& options, Records* left, Records* right
                                                    name(*left)};
 }
 
-std::string Printed(const Json& left, const Json& right, const RecordShape& shape, bool asPatch) {
-    if (asPatch) {
-        return JsonText(Patch(left, right)) + "\n";
-    }
+std::string Joined(const std::vector<std::string>& lines) {
     std::string all;
-    for (const std::string& line : Differences(left, right, shape)) {
+    for (const std::string& line : lines) {
         all += line + "\n";
     }
     return all;
@@ -86,11 +84,13 @@ int Diff(const DiffOptions& options) {
     const RecordShape& shape = ShapeOf(left->record->name);
     const Json leftJson = JsonOf(*left);
     const Json rightJson = JsonOf(*right);
-    const Result<Done> written = WriteOutput(Printed(leftJson, rightJson, shape, options.json));
+    const std::vector<std::string> lines = Differences(leftJson, rightJson, shape);
+    const Result<Done> written =
+        WriteOutput(options.json ? JsonText(Patch(leftJson, rightJson)) + "\n" : Joined(lines));
     if (!written) {
         return Fail(written.failure());
     }
-    return Differences(leftJson, rightJson, shape).empty() ? kSame : kDifferent;
+    return lines.empty() ? kSame : kDifferent;
 }
 
 }  // namespace
