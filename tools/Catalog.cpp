@@ -31,12 +31,6 @@ const SampleDocument* FindSample(const std::string& path) {
     return nullptr;
 }
 
-/// Whether an identifier is a plain file name: none that is hidden, or a way to another folder.
-bool IsFileName(const std::string& id) {
-    return id.front() != '.' && id.find('/') == std::string::npos &&
-           id.find('\0') == std::string::npos;
-}
-
 /// Opens a document, without waiting for whoever would write to a pipe of that name. Null where it
 /// cannot be opened; then `errno` tells why.
 Stream OpenDocument(const std::string& path) {
@@ -156,15 +150,24 @@ void CheckKind(const fs::path& folder, Findings* findings) {
 
 }  // namespace
 
+std::optional<std::string> Catalog::FileNameOf(const std::string& id) {
+    constexpr std::size_t kLongestFileName = 255;
+    const std::string name = NameOf(id) + kEnding;
+    const bool isPlain = name.front() != '.' && name.find('/') == std::string::npos &&
+                         name.find('\0') == std::string::npos && name.size() <= kLongestFileName;
+    return isPlain ? std::optional<std::string>(name) : std::nullopt;
+}
+
 Result<std::optional<std::string>> Catalog::Find(std::string_view kind,
                                                  const std::string& id) const {
     const std::string name = NameOf(id);
     const std::string where = std::string(kind) + "/" + name;
-    if (!IsFileName(name)) {
+    const std::optional<std::string> file = FileNameOf(id);
+    if (!file) {
         return std::optional<std::string>();
     }
     if (!folder_.empty()) {
-        return ReadDocument(folder_ + "/" + where + kEnding, where);
+        return ReadDocument(folder_ + "/" + std::string(kind) + "/" + *file, where);
     }
     const SampleDocument* const sample = FindSample(where + kEnding);
     return sample == nullptr ? std::optional<std::string>() : std::string(sample->text);

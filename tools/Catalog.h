@@ -27,6 +27,10 @@ class Catalog {
     /// What a document is called beside its kind: the identifier, or "default".
     static std::string NameOf(const std::string& id) { return id.empty() ? "default" : id; }
 
+    /// The file of a document below its kind's folder; nothing where the identifier makes no plain
+    /// file name: one that is hidden, leads to another folder or is too long.
+    static std::optional<std::string> FileNameOf(const std::string& id);
+
     /// The text of a document; nothing where there is none. Identifiers that would lead out of the
     /// folder are as unknown as any other. A document that cannot be read is a failure, at
     /// "album/ID".

@@ -6,6 +6,7 @@
 
 #include "tools/Arguments.h"
 #include "tools/Authorities.h"
+#include "tools/Catalog.h"
 #include "tools/CommandLine.h"
 #include "tools/Files.h"
 #include "tools/HttpHeader.h"
@@ -30,6 +31,7 @@ struct FetchOptions {
     std::string kind;
     std::string id;
     bool tree = false;
+    bool json = false;
     bool raw = false;
     std::string folder;  // to record to; empty: none
 };
@@ -48,7 +50,7 @@ std::string WrongTogether(const FetchOptions& options) {
         std::any_of(options.headers.begin(), options.headers.end(), IsAuthorization)) {
         return "--user and --header Authorization exclude each other";
     }
-    if (!options.folder.empty() && !CanBeRecorded(options.id)) {
+    if (!options.folder.empty() && !Catalog::FileNameOf(options.id)) {
         return "--record-to: no such identifier: \"" + options.id + "\" is no plain file name";
     }
     return "";
@@ -102,7 +104,7 @@ Result<Done> PrintFetched(const FetchOptions& options, const Service& service) {
     if (options.raw && !isRecorded && !IsFault(*answer)) {
         return WriteOutput(*answer);
     }
-    const Form form = options.tree ? Form::kTree : Form::kText;
+    const Form form = options.tree ? Form::kTree : options.json ? Form::kJson : Form::kText;
     const Result<std::string> printed = PrintAnswer(*answer, service.endpoint, record, form);
     const Result<Done> recorded =
         printed && isRecorded ? RecordAnswer(options.folder, record.kind, options.id, *answer)
@@ -168,9 +170,14 @@ void DeclareOutput(CLI::App* command, FetchOptions* options) {
     CLI::Option* const tree = command->add_flag("--tree", options->tree, "Print the element tree");
     CLI::Option* const text =
         command->add_flag("--text", "Print the record (default)")->excludes(tree);
+    CLI::Option* const json =
+        command->add_flag("--json", options->json, "Print the record as a line of JSON")
+            ->excludes(tree)
+            ->excludes(text);
     command->add_flag("--raw", options->raw, "Print the answer's body as it came")
         ->excludes(tree)
-        ->excludes(text);
+        ->excludes(text)
+        ->excludes(json);
     command
         ->add_option("--record-to", options->folder,
                      "Folder to write the answer to, RECORD/ID.xml, as serve reads it")
@@ -190,8 +197,8 @@ Run DeclareFetch(CLI::App* command) {
         ->required();
     DeclareWaiting(command, options.get());
     DeclareRequest(command, options.get());
-    command->add_option("record", options->kind, "What to ask for")
-        ->check(CLI::IsMember(kinds))
+    command->add_option("record", options->kind, "What to ask for: " + Listed(RequestNames()))
+        ->check(OneOf(RequestNames(), "record"))
         ->type_name("RECORD")
         ->required();
     command->add_option("id", options->id, "Its identifier")->type_name("ID");

@@ -70,7 +70,6 @@ int PrintFiles(const RecordOptions& options, Form form, const Reading& reading) 
     const std::vector<std::string> files =
         options.files.empty() ? std::vector<std::string>{"-"} : options.files;
     const bool hasHeadings = files.size() > 1 && form != Form::kJson;
-    EndWithStatusOutOfMemory(kFailed);
     bool isFirst = true;
     int status = 0;
     for (const std::string& path : files) {

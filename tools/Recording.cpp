@@ -12,16 +12,11 @@
 #include <system_error>
 #include <utility>
 
+#include "tools/Catalog.h"
 #include "tools/Files.h"
 
 namespace tool {
 namespace {
-
-constexpr std::size_t kLongestFileName = 255;
-
-std::string FileName(const std::string& id) {
-    return (id.empty() ? "default" : id) + ".xml";
-}
 
 /// A file that goes with its owner, unless it is moved to its place.
 class TemporaryFile {
@@ -69,15 +64,10 @@ class TemporaryFile {
 
 }  // namespace
 
-bool CanBeRecorded(const std::string& id) {
-    return id.empty() || (id.front() != '.' && id.find('/') == std::string::npos &&
-                          FileName(id).size() <= kLongestFileName);
-}
-
 Result<Done> RecordAnswer(const std::string& folder, std::string_view kind, const std::string& id,
                           const std::string& answer) {
     const std::string place = folder + "/" + std::string(kind);
-    const std::string path = place + "/" + FileName(id);
+    const std::string path = place + "/" + *Catalog::FileNameOf(id);
     std::error_code error;
     std::filesystem::create_directories(place, error);
     if (error) {

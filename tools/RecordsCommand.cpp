@@ -176,10 +176,7 @@ Run DeclareRecords(CLI::App* command) {
         ->check(OneOf(RecordClassNames(), "record class"))
         ->type_name("CLASS");
     command->add_flag("--json", options->json, "As JSON, with all elements");
-    return [options] {
-        EndWithStatusOutOfMemory(kFailed);
-        return StatusOf(Print(Describe(*options)));
-    };
+    return [options] { return StatusOf(Print(Describe(*options))); };
 }
 
 }  // namespace tool

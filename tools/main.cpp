@@ -49,11 +49,12 @@ const Command kCommands[] = {
      tool::DeclareRecords},
     {"fetch", "Ask a service and print its answer",
      "  quavera fetch --endpoint http://127.0.0.1:8080 album Alb.40013100\n"
-     "  quavera fetch --endpoint http://127.0.0.1:8080 --tree images Alb.40013100\n",
+     "  quavera fetch --endpoint https://service.example --user me --record-to answers "
+     "album Alb.1\n",
      tool::DeclareFetch},
     {"serve", "Answer as the service would, from a catalogue",
      "  quavera serve --port 8080\n"
-     "  quavera serve --catalog answers\n",
+     "  quavera serve --catalog answers --delay 500 --fail 10%\n",
      tool::DeclareServe},
     {"error", "Print the message of a result code",
      "  quavera error -2\n"
@@ -174,6 +175,7 @@ int RunCommand(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    tool::EndWithStatusOutOfMemory(tool::kFailed);
     try {
         return RunCommand(argc, argv);
     } catch (const std::exception& error) {
