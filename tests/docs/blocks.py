@@ -25,7 +25,7 @@ import sys
 
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 PORT = "8080"
-END = "-- end of a command's output --"
+END = "-- end of the output --"
 
 
 def free_port():
@@ -72,22 +72,21 @@ class Shell:
             environment.pop(name, None)
         self.process = subprocess.Popen(
             ["bash", "--noprofile", "--norc"], cwd=folder, env=environment, stdin=subprocess.PIPE,
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", newline="\n")
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
 
     def run(self, command):
         """The lines that a command prints. A shell that stops to answer is ctest's to end."""
-        self.process.stdin.write(f"{command}\necho '{END}'\n")
+        self.process.stdin.write(f"{command}\necho '{END}'\n".encode())
         self.process.stdin.flush()
         printed = ""
         for line in self.process.stdout:
-            printed += line
+            printed += line.decode()  # a log text's lines end in CR LF
             if printed.endswith(END + "\n"):
-                printed = printed[: -len(END) - 1]
-                return printed.replace("\r", "").splitlines()
+                return printed[: -len(END) - 1].replace("\r\n", "\n").splitlines()
         raise SystemExit(f"the shell has ended at: {command}\n{printed}")
 
     def end(self):
-        self.process.stdin.write("kill $(jobs -p) 2> /dev/null\n")
+        self.process.stdin.write(b"kill $(jobs -p) 2> /dev/null\n")
         self.process.stdin.close()
         self.process.wait()
 

@@ -72,10 +72,3 @@ tells("Name +text +base64 of UTF-8\nTrackId +text +as it stands\nTrackIndex +num
 set(json "{\"Name\":\"Über den Wolken – 夜\",\"TrackId\":\"Tra.1901\",\"TrackIndex\":19}")
 tells("${json}" show --json --record ${class} "${samples}/full.xml")
 tells("${json}" text --json "${samples}/full.tree.xml")
-
-run("help" "${build_dir}/tools/quavera" --help)
-execute_process(COMMAND "${build_dir}/tools/quavera" show --record DataConcert
-    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
-if(NOT status EQUAL 2 OR NOT errors MATCHES "[{,]${class}[,}]")
-    fail("the tool does not name the class among those that there are: ${status}\n${errors}")
-endif()

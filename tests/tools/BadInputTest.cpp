@@ -146,14 +146,27 @@ TEST(BadInput, FullDeviceIsAnError) {
     const std::string soap = DataPath("DataTrackInfo/full.xml");
     const std::string tree = DataPath("DataTrackInfo/full.tree.xml");
     const std::vector<Arguments> commands = {
-        {"tree", soap}, {"show", soap}, {"text", tree},     {"serve", "--port", "0"},
-        {"demo"},       {"--help"},     {"show", "--help"}, {"--version"},
+        {"tree", soap},
+        {"show", soap},
+        {"text", tree},
+        {"serve", "--port", "0"},
+        {"diff", soap, tree, "--json"},
+        {"records"},
+        {"--help"},
+        {"show", "--help"},
+        {"--version"},
     };
     for (const Arguments& command : commands) {
         EXPECT_TRUE(Refused(tooltest::RunToolInto("/dev/full", command), kFailed,
                             At("standard output", {"No space left on device"})))
             << command.front();
     }
+    // It says first what it does.
+    const tooltest::Outcome demo = tooltest::RunToolInto("/dev/full", {"demo"});
+    EXPECT_EQ(demo.status, kFailed);
+    EXPECT_NE(demo.errors.find("\nquavera: standard output: No space left on device\n"),
+              std::string::npos)
+        << demo.errors;
 }
 
 // Control characters of a document would break the line, or the terminal.

@@ -60,7 +60,7 @@ TEST(CatalogCheck, EachBadDocumentHasALineWithItsPlace) {
     folder.Add("index/pages.xml", "<a>&bad;</a>");
     folder.Add("track/number.xml", Contents(DataPath("bad/number-is-text.xml")));
     EXPECT_TRUE(IsRefused(folder, {"/album/a.xml: line 3, column 3: mismatched tag",
-                                   "/album/b.xml: line 1, column 1: no element found",
+                                   "/album/b.xml: line 1, column 1: the text is empty",
                                    "/index/pages.xml: line 1, column 4: undefined entity",
                                    "/track/number.xml: element \"discIndex\": a value that does "
                                    "not fit its type"}));

@@ -33,7 +33,8 @@ class Shell {
         folder_.Add("work/answer one.xml", "");
         folder_.Add("work/answers/track/Tra.1.xml", "");
         Start();
-        Type("PS1=; PATH=" + folder_.path() + "/bin:$PATH; cd " + folder_.path() + "/work\n");
+        ReadUpTo("$ ");
+        Type("PS1='%> '; PATH=" + folder_.path() + "/bin:$PATH; cd " + folder_.path() + "/work\n");
         Type("bind 'set enable-bracketed-paste off'; bind 'set page-completions off'\n");
         Type("bind 'set completion-query-items 0'; . '" QUAVERA_TEST_COMPLETION "'\n");
         // A command that shows its words, and is completed as the tool is.
@@ -41,7 +42,7 @@ class Shell {
         Type(
             "_run() { COMP_LINE=quavera${COMP_LINE#run}; COMP_POINT=$((COMP_POINT + 4)); "
             "_quavera quavera \"$2\" \"$3\"; }; echo rea''dy\n");
-        EXPECT_NE(ReadUpTo("ready\r\n").find("ready"), std::string::npos);
+        ReadUpTo("ready\r\n%> ");
     }
     Shell(const Shell&) = delete;
     Shell& operator=(const Shell&) = delete;
@@ -54,7 +55,7 @@ class Shell {
     /// one between brackets each.
     std::string Completed(const std::string& line) {
         Type("run " + line + "; echo; echo en''d\n");
-        const std::string seen = ReadUpTo("end\r\n");
+        const std::string seen = ReadUpTo("end\r\n%> ");
         const std::size_t begin = seen.rfind('\n', seen.rfind("]\r\n")) + 1;
         return seen.substr(begin, seen.rfind("]\r\n") + 1 - begin);
     }
@@ -64,7 +65,7 @@ class Shell {
         Type(line +
              "\t\t\x15"
              "echo en''d\n");
-        return ReadUpTo("end\r\n");
+        return ReadUpTo("end\r\n%> ");
     }
 
  private:
@@ -73,6 +74,7 @@ class Shell {
         process_ = forkpty(&terminal, nullptr, nullptr, nullptr);
         if (process_ == 0) {
             setenv("TERM", "dumb", 1);
+            setenv("PS1", "$ ", 1);  // it is shown when keys are taken
             setenv("LC_ALL", "C.UTF-8", 1);
             execlp("bash", "bash", "--norc", "--noprofile", "-i", static_cast<char*>(nullptr));
             _exit(1);
