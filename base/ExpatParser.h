@@ -82,7 +82,7 @@ class ExpatParser {
 
     /// Ends the reading, for this reason at this place.
     void Refuse(std::string_view reason) { RefuseAt(Here(), reason); }
-    void RefuseAt(Place place, std::string_view reason) {
+    void RefuseAt(const Place& place, std::string_view reason) {
         SetError(place, reason);  // now: the parser goes on a little
         XML_StopParser(parser_.get(), XML_FALSE);
     }
@@ -187,7 +187,7 @@ class ExpatParser {
 
     /// With the place ahead of the reason: "line 3, column 7: ". By snprintf, as std::to_string
     /// takes half a kilobyte of code here.
-    void SetError(Place place, std::string_view reason) {
+    void SetError(const Place& place, std::string_view reason) {
         std::array<char, 64> text;  // for two numbers of 64 bits
         std::snprintf(text.data(), text.size(), "line %llu, column %llu: ", place.line,
                       place.column);

@@ -26,9 +26,8 @@ constexpr int kMostSeconds = 60;
 class Shell {
  public:
     Shell() {
-        const std::string emulator = QUAVERA_TEST_EMULATOR;
-        const std::string tool = folder_.Add(
-            "bin/quavera", "#!/bin/sh\nexec " + emulator + " '" QUAVERA_TEST_PROGRAM "' \"$@\"\n");
+        const std::string tool = folder_.Add("bin/quavera", "#!/bin/sh\nexec " QUAVERA_TEST_EMULATOR
+                                                            " '" QUAVERA_TEST_PROGRAM "' \"$@\"\n");
         chmod(tool.c_str(), S_IRWXU);
         folder_.Add("work/answer one.xml", "");
         folder_.Add("work/answers/track/Tra.1.xml", "");

@@ -79,15 +79,15 @@ TEST(Strict, UnknownElementOfASoapRecordIsNamedWithTheNearest) {
         "show",
         {
             {Envelope(Track("\n <trackld>Tra.1</trackld>")),
-             {"line 2, column 2: ", "\"trackld\" is no element of \"LiteTrackMetadata\"",
+             {"line 2, column 2: ", R"("trackld" is no element of "LiteTrackMetadata")",
               "the nearest is \"trackId\""}},
             {Envelope(Track("<name>a<b/></name>")),
-             {"\"b\" is no element of \"name\", which holds a text"}},
+             {R"("b" is no element of "name", which holds a text)"}},
             {"<AlbumMetadata><primaryArtist><artistID>1</artistID></primaryArtist></AlbumMetadata>",
-             {"line 1, column 31: ", "\"artistID\" is no element of \"primaryArtist\"",
+             {"line 1, column 31: ", R"("artistID" is no element of "primaryArtist")",
               "\"artistId\""}},
             {"<AlbumMetadata><tracks><item/></tracks></AlbumMetadata>",
-             {"\"item\" is no element of \"tracks\"", "\"items\""}},
+             {R"("item" is no element of "tracks")", "\"items\""}},
         });
 }
 
@@ -102,13 +102,13 @@ TEST(Strict, MembersThatTheClassDoesNotWriteAreTheSoapRecordsAllTheSame) {
 TEST(Strict, ValueThatASoapRecordReadsAnotherWayIsRefused) {
     ExpectRefused("show", {
                               {"<AlbumMetadata><tracks>none</tracks></AlbumMetadata>",
-                               {"\"tracks\" holds \"none\", where elements are expected"}},
+                               {R"("tracks" holds "none", where elements are expected)"}},
                           });
     const std::vector<Case> refused = {
         {Envelope(Track("<discIndex>zwei</discIndex>")),
-         {"\"discIndex\" holds \"zwei\"", "a number from -2147483648 to 2147483647"}},
+         {R"("discIndex" holds "zwei")", "a number from -2147483648 to 2147483647"}},
         {"<AlbumMetadata><compilation>yes</compilation></AlbumMetadata>",
-         {"line 1, column 16: ", "\"yes\"", "\"true\" or \"false\""}},
+         {"line 1, column 16: ", "\"yes\"", R"("true" or "false")"}},
         {"<LitePlaylistMetadata><createdDate>4294967296</createdDate></LitePlaylistMetadata>",
          {"\"4294967296\"", "a number from 0 to 4294967295"}},
         {"<AccountMetaData><freeTrialTimeLeftInMillis>9223372036854775808"
@@ -135,11 +135,11 @@ TEST(Strict, UnknownElementOfATreeIsNamedWithTheNearest) {
         "text",
         {
             {"<Image>\n  <Heigth>7</Heigth>\n</Image>",
-             {"line 2, column 3: ", "\"Heigth\" is no element of \"Image\"", "\"Height\""}},
+             {"line 2, column 3: ", R"("Heigth" is no element of "Image")", "\"Height\""}},
             {"<Album><Tracks><Trak/></Tracks></Album>",
-             {"\"Trak\" is no element of \"Tracks\"", "\"Track\""}},
+             {R"("Trak" is no element of "Tracks")", "\"Track\""}},
             {"<Album><Artist><AlbumId>1</AlbumId></Artist></Album>",
-             {"\"AlbumId\" is no element of \"Artist\"", "\"ArtistId\""}},
+             {R"("AlbumId" is no element of "Artist")", "\"ArtistId\""}},
             {"<Album><DisplayableAlbumTypes><V>1</V></DisplayableAlbumTypes></Album>",
              {"\"V\"", "\"Value\""}},
             {"<Track><" + std::string(100000, 'n') + "/></Track>", {"nnnn...\" is no element"}},
@@ -151,18 +151,18 @@ TEST(Strict, ValueOfATreeThatIsNotOfItsTypeIsRefused) {
         "text",
         {
             {"<Image><Height>7 px</Height></Image>",
-             {"line 1, column 8: ", "\"Height\" holds \"7 px\"", "a number from -2147483648"}},
-            {"<Image><Height/></Image>", {"\"Height\" holds \"\""}},
+             {"line 1, column 8: ", R"("Height" holds "7 px")", "a number from -2147483648"}},
+            {"<Image><Height/></Image>", {R"("Height" holds "")"}},
             {"<Image><Width>2147483648</Width></Image>", {"\"2147483648\""}},
             {"<AlbumReview><PublishDate>-1</PublishDate></AlbumReview>",
              {"a number from 0 to 4294967295"}},
             {"<Station><FreeStation>TRUE</FreeStation></Station>",
-             {"\"TRUE\"", "\"true\" or \"false\""}},
+             {"\"TRUE\"", R"("true" or "false")"}},
             {"<Image><Title>Vm9y*</Title></Image>", {"\"Vm9y*\"", "base64 of UTF-8"}},
             {"<Image><Title>/w==</Title></Image>", {"base64 of UTF-8"}},
             {"<Index><Letter>4</Letter></Index>", {"two hexadecimal digits"}},
             {"<Album><Tracks>none</Tracks></Album>", {"\"none\", where elements are expected"}},
-            {"<Album>text</Album>", {"\"Album\" holds \"text\""}},
+            {"<Album>text</Album>", {R"("Album" holds "text")"}},
         });
 }
 
