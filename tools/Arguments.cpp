@@ -1,9 +1,9 @@
 #include "tools/Arguments.h"
 
 #include <algorithm>
-#include <charconv>
 #include <regex>
-#include <system_error>
+
+#include "tools/Decimal.h"
 
 namespace tool {
 namespace {
@@ -25,11 +25,7 @@ bool HoldsControl(const std::string& text) {
 
 // CLI11 itself reads numbers as C does: a leading zero means octal, and an empty text 0.
 std::optional<int> ParseDecimal(const std::string& text) {
-    int value = 0;
-    const char* const end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, value);
-    const bool isNumber = result.ec == std::errc() && result.ptr == end;
-    return isNumber ? std::optional<int>(value) : std::nullopt;
+    return ParseWholeDecimal<int>(text);
 }
 
 std::string CheckCode(const std::string& text) {

@@ -67,6 +67,7 @@ std::string MemberOf(const std::string& path, const std::string& name) {
 
 class Comparison {
  public:
+    /// The shape has all members: it is what the objects are made by.
     void Records(const std::string& path, const Json& left, const Json& right,
                  const RecordShape& shape) {
         for (const auto& [name, value] : left.items()) {
@@ -75,7 +76,7 @@ class Comparison {
             if (other == right.end()) {
                 Add(member, JsonText(value), kAbsent);
             } else {
-                Values(member, value, *other, FindElement(shape, name));
+                Values(member, value, *other, *FindElement(shape, name));
             }
         }
         for (const auto& [name, value] : right.items()) {
@@ -148,15 +149,12 @@ class Comparison {
         }
     }
 
-    /// Of a member, whose shape may be unknown.
     void Values(const std::string& path, const Json& left, const Json& right,
-                const ElementShape* shape) {
-        static const RecordShape none;
-        const RecordShape& elements = shape == nullptr ? none : shape->elements;
+                const ElementShape& shape) {
         if (left.is_array() && right.is_array()) {
-            Lists(path, left, right, IdentifierOf(shape == nullptr ? "" : shape->item), elements);
+            Lists(path, left, right, IdentifierOf(shape.item), shape.elements);
         } else {
-            Item(path, left, right, elements);
+            Item(path, left, right, shape.elements);
         }
     }
 

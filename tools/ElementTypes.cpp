@@ -1,15 +1,15 @@
 #include "tools/ElementTypes.h"
 
-#include <charconv>
 #include <cstdint>
-#include <system_error>
 #include <utility>
 
 #include "base/ExpatParser.h"
 #include "base/Utf8.h"
 #include "platform/zqshared.h"
+#include "tools/Decimal.h"
 #include "tools/NearestName.h"
 #include "tools/ServiceDescription.h"
+#include "tools/XmlNames.h"
 
 namespace tool {
 namespace {
@@ -21,16 +21,8 @@ bool IsAnyText(const std::string& /*text*/) {
 }
 
 template <class Integer>
-bool IsNumber(std::string_view text) {
-    Integer value = 0;
-    const char* const end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, value);
-    return result.ec == std::errc() && result.ptr == end;
-}
-
-template <class Integer>
 bool IsTreeNumber(const std::string& text) {
-    return IsNumber<Integer>(text);
+    return ParseWholeDecimal<Integer>(text).has_value();
 }
 
 /// In a document of an XML schema, blanks around a number and a plus sign mean nothing.
@@ -44,7 +36,7 @@ bool IsSchemaNumber(const std::string& text) {
     std::string_view number(text);
     number = number.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
     const bool isPlus = number.size() > 1 && number[0] == '+' && number[1] != '-';
-    return IsNumber<Integer>(number.substr(isPlus ? 1 : 0));
+    return ParseWholeDecimal<Integer>(number.substr(isPlus ? 1 : 0)).has_value();
 }
 
 bool IsTreeFlag(const std::string& text) {
@@ -132,10 +124,6 @@ const std::map<std::string, ElementType>& SchemaTypes() {
     return types;
 }
 
-std::string WithoutPrefix(const std::string& name) {
-    return name.substr(name.rfind(':') + 1);
-}
-
 /// Reads the service's description: of the types that have a name, what they are extensions of, and
 /// the elements that they add.
 class DescriptionReader : public quavera::ExpatParser<DescriptionReader> {
@@ -146,12 +134,12 @@ class DescriptionReader : public quavera::ExpatParser<DescriptionReader> {
     };
 
     void Start(const XML_Char* name, const XML_Char** attributes) {
-        const std::string element = WithoutPrefix(name);
+        const std::string_view element = WithoutPrefix(name);
         if (element == "complexType") {
             const std::string type = Attribute(attributes, "name");
             open_ = type.empty() ? nullptr : &declared_[type];
         } else if (element == "extension" && open_ != nullptr) {
-            open_->base = WithoutPrefix(Attribute(attributes, "base"));
+            open_->base = std::string(WithoutPrefix(Attribute(attributes, "base")));
         } else if (element == "element" && open_ != nullptr) {
             open_->members.emplace_back(Attribute(attributes, "name"),
                                         WithoutPrefix(Attribute(attributes, "type")));
@@ -168,12 +156,8 @@ class DescriptionReader : public quavera::ExpatParser<DescriptionReader> {
 
  private:
     static std::string Attribute(const XML_Char** attributes, std::string_view name) {
-        for (; *attributes != nullptr; attributes += 2) {
-            if (attributes[0] == name) {
-                return attributes[1];
-            }
-        }
-        return {};
+        const XML_Char* const value = FindAttribute(attributes, name);
+        return value == nullptr ? "" : value;
     }
 
     std::map<std::string, Declared> declared_;

@@ -1,11 +1,11 @@
 #include "tools/Json.h"
 
-#include <charconv>
 #include <cstdint>
 #include <nlohmann/json.hpp>
-#include <system_error>
+#include <optional>
 
 #include "common/TextConversion.h"
+#include "tools/Decimal.h"
 
 namespace tool {
 namespace {
@@ -19,18 +19,11 @@ void ForEachChild(ZQXML::INode* element, const Work& work) {
     }
 }
 
-template <class Integer>
-bool IsDecimal(const std::string& text, Integer* value) {
-    const char* const end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, *value);
-    return result.ec == std::errc() && result.ptr == end;
-}
-
 /// A number that the record holds as a text: only what is none stays one.
 template <class Integer>
 Json NumberOfText(const std::string& text) {
-    Integer value = 0;
-    return IsDecimal(text, &value) ? Json(value) : Json(text);
+    const std::optional<Integer> value = ParseWholeDecimal<Integer>(text);
+    return value ? Json(*value) : Json(text);
 }
 
 /// The value of an element that holds no elements, as the record's reader takes it.

@@ -6,16 +6,13 @@
 
 #include "base/ExpatParser.h"
 #include "tools/EnvelopeWalk.h"
+#include "tools/XmlNames.h"
 
 namespace tool {
 namespace {
 
 constexpr std::string_view kSoap11 = "http://schemas.xmlsoap.org/soap/envelope/";
 constexpr std::string_view kSoap12 = "http://www.w3.org/2003/05/soap-envelope";
-
-std::string_view WithoutPrefix(std::string_view name) {
-    return name.substr(name.rfind(':') + 1);
-}
 
 /// The namespace that an element declares for its own name; empty if it declares none.
 std::string_view OwnNamespace(std::string_view name, const XML_Char** attributes) {
@@ -28,26 +25,6 @@ std::string_view OwnNamespace(std::string_view name, const XML_Char** attributes
         }
     }
     return {};
-}
-
-bool IsTrue(std::string_view value) {
-    return value == "true" || value == "1";
-}
-
-bool IsAny(std::string_view /*value*/) {
-    return true;
-}
-
-/// The value of the first attribute of that name, whatever its prefix, that `isWanted`; null if
-/// there is none.
-const XML_Char* FindAttribute(const XML_Char** attributes, std::string_view local,
-                              bool (*isWanted)(std::string_view value)) {
-    for (; *attributes != nullptr; attributes += 2) {
-        if (WithoutPrefix(attributes[0]) == local && isWanted(attributes[1])) {
-            return attributes[1];
-        }
-    }
-    return nullptr;
 }
 
 class SoapReader : public quavera::ExpatParser<SoapReader> {
@@ -101,7 +78,7 @@ class SoapReader : public quavera::ExpatParser<SoapReader> {
 
     /// None is known here.
     void CheckHeaderEntry(std::string_view local, const XML_Char** attributes) {
-        if (FindAttribute(attributes, "mustUnderstand", IsTrue) != nullptr) {
+        if (FindAttribute(attributes, "mustUnderstand", IsTrueValue) != nullptr) {
             Refuse("the header entry \"" + std::string(local) +
                    "\" must be understood, but is not");
         }
@@ -110,10 +87,10 @@ class SoapReader : public quavera::ExpatParser<SoapReader> {
     void WriteStart(std::string_view local, const XML_Char** attributes) {
         FinishStartTag();
         Put("<", local);
-        if (FindAttribute(attributes, "nil", IsTrue) != nullptr) {
+        if (FindAttribute(attributes, "nil", IsTrueValue) != nullptr) {
             Put(" nil=\"true\"");
         }
-        const XML_Char* const type = FindAttribute(attributes, "type", IsAny);
+        const XML_Char* const type = FindAttribute(attributes, "type");
         if (type != nullptr) {
             Put(" type=\"");
             Write(WithoutPrefix(type));

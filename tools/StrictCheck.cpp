@@ -10,6 +10,7 @@
 #include "tools/ElementTypes.h"
 #include "tools/EnvelopeWalk.h"
 #include "tools/Printing.h"
+#include "tools/XmlNames.h"
 
 namespace tool {
 namespace {
@@ -18,20 +19,6 @@ std::string Quoted(std::string_view text) {
     constexpr std::size_t kLongest = 100;
     const bool isLong = text.size() > kLongest;
     return "\"" + std::string(text.substr(0, kLongest)) + (isLong ? "...\"" : "\"");
-}
-
-std::string_view WithoutPrefix(std::string_view name) {
-    return name.substr(name.rfind(':') + 1);
-}
-
-/// The value of the first attribute of that name, whatever its prefix; empty without one.
-std::string_view FindAttribute(const XML_Char** attributes, std::string_view local) {
-    for (; *attributes != nullptr; attributes += 2) {
-        if (WithoutPrefix(attributes[0]) == local) {
-            return attributes[1];
-        }
-    }
-    return {};
 }
 
 /// Holds the elements of a record, and those within it, against their types.
@@ -88,10 +75,10 @@ class Checker : public quavera::ExpatParser<Checker> {
     void Open(std::string_view name, const ElementType* type, const XML_Char** attributes) {
         bool isNil = false;
         if (root_ == nullptr) {
-            const std::string_view nil = FindAttribute(attributes, "nil");
+            const XML_Char* const named = FindAttribute(attributes, "type");
             const ElementType* const own =
-                FindSoapType(WithoutPrefix(FindAttribute(attributes, "type")));
-            isNil = nil == "true" || nil == "1";
+                named == nullptr ? nullptr : FindSoapType(WithoutPrefix(named));
+            isNil = FindAttribute(attributes, "nil", IsTrueValue) != nullptr;
             type = own != nullptr && type != nullptr ? own : type;
         }
         open_.push_back({std::string(name), type, InText(), isNil, {}});
