@@ -119,6 +119,8 @@ TEST(Completion, CompletesCommandsOptionsNamesAndFiles) {
     EXPECT_EQ(shell.Completed("serve --catalog answe\ttrack"), "[serve][--catalog][answers/track]");
     EXPECT_EQ(shell.Completed("error --branding Os\t-2"), "[error][--branding][Ostinex][-2]");
     EXPECT_EQ(shell.Completed("help dem\t"), "[help][demo]");
+    // In the middle of a line: two characters back, and on to the end behind it.
+    EXPECT_EQ(shell.Completed("sho x\x02\x02\t\x05"), "[show][x]");
 }
 
 TEST(Completion, OffersAllCommands) {
