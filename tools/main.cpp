@@ -132,7 +132,7 @@ Run DeclareHelp(CLI::App* app, CLI::App* command) {
 
 /// Declares all commands. `*run` becomes what runs the one that is parsed.
 void DeclareCommands(CLI::App* app, Run* run) {
-    const auto add = [app, run](const char* name, const char* purpose, const char* examples) {
+    const auto add = [app](const char* name, const char* purpose, const char* examples) {
         CLI::App* const command = app->add_subcommand(name, purpose);
         command->footer(std::string("\nexamples:\n") + examples);
         command->set_help_flag("-h,--help", "Print this text");
