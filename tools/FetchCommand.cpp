@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "tools/Arguments.h"
-#include "tools/Authorities.h"
 #include "tools/Catalog.h"
 #include "tools/CommandLine.h"
 #include "tools/Files.h"
@@ -14,6 +13,7 @@
 #include "tools/Printing.h"
 #include "tools/Recording.h"
 #include "tools/Service.h"
+#include "tools/TlsIdentity.h"
 
 namespace tool {
 namespace {

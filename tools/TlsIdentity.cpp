@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -59,6 +60,9 @@ Result<std::vector<Certificate>> ImportCertificates(const std::string& path,
     gnutls_x509_crt_t* list = nullptr;
     unsigned count = 0;
     const int code = gnutls_x509_crt_list_import2(&list, &count, &pem, GNUTLS_X509_FMT_PEM, 0);
+    if (code == GNUTLS_E_MEMORY_ERROR) {
+        throw std::bad_alloc();
+    }
     if (code < 0) {
         return Unfit(path, "no certificate in PEM", code);
     }
@@ -124,6 +128,13 @@ Result<TlsIdentity> ReadTlsIdentity(const std::string& certificatePath,
         return checked.failure();
     }
     return TlsIdentity{std::move(*certificateText), std::move(*keyText)};
+}
+
+Result<Done> CheckAuthorities(const std::string& path) {
+    const Result<std::string> text = ReadPem(path);
+    const Result<std::vector<Certificate>> certificates =
+        text ? ImportCertificates(path, *text) : text.failure();
+    return certificates ? Result<Done>(Done()) : certificates.failure();
 }
 
 }  // namespace tool

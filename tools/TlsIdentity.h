@@ -18,6 +18,10 @@ struct TlsIdentity {
 /// certificate, are failures that name the file.
 Result<TlsIdentity> ReadTlsIdentity(const std::string& certificatePath, const std::string& keyPath);
 
+/// Whether a file holds certificates in PEM, those of authorities that a client is to trust.
+/// libcurl takes a file without any for one that trusts nobody.
+Result<Done> CheckAuthorities(const std::string& path);
+
 }  // namespace tool
 
 #endif  // QUAVERA_TOOLS_TLS_IDENTITY_H_

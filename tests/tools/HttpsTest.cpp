@@ -202,7 +202,7 @@ TEST_F(Https, FileWithoutCertificatesIsNamed) {
         const std::string file = folder_.Add("bad.pem", contents);
         EXPECT_TRUE(
             Refused(tooltest::RunTool(CommandLine({"--endpoint", Endpoint(), "--cacert", file})), 1,
-                    {file + ": ", "no certificates"}))
+                    {file + ": ", "no certificate in PEM"}))
             << contents;
     }
 }
