@@ -17,7 +17,7 @@ set(quavera_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Quavera")
 quavera_install_library(quavera QuaveraRecordsTargets quavera)
 if(QUAVERA_PLATFORM STREQUAL "bundled")
     quavera_install_library(zqshared QuaveraRecordsTargets quavera)
-    install(FILES
+    set(quavera_platform_headers
         platform/AutoCom.h
         platform/Base64Encoder.h
         platform/Diagnostics.h
@@ -25,7 +25,8 @@ if(QUAVERA_PLATFORM STREQUAL "bundled")
         platform/ToString.h
         platform/XmlNode.h
         platform/XmlText.h
-        platform/zqshared.h
+        platform/zqshared.h)
+    install(FILES ${quavera_platform_headers}
         DESTINATION ${quavera_header_dir}/platform COMPONENT quavera_development)
     install(FILES records/RecordText.h
         DESTINATION ${quavera_header_dir}/records COMPONENT quavera_development)
@@ -47,7 +48,7 @@ if(QUAVERA_PLATFORM STREQUAL "bundled" AND QUAVERA_LIBRARY_TYPE STREQUAL "SHARED
         COMPONENT quavera_development)
 endif()
 
-install(FILES
+set(quavera_common_headers
     common/Branding.h
     common/ClientMessages.h
     common/Export.h
@@ -55,16 +56,17 @@ install(FILES
     common/QuaveraCommon.h
     common/SocketHelpers.h
     common/TextConversion.h
-    "${PROJECT_BINARY_DIR}/generated/common/Version.h"
+    "${PROJECT_BINARY_DIR}/generated/common/Version.h")
+install(FILES ${quavera_common_headers}
     DESTINATION ${quavera_header_dir}/common COMPONENT quavera_development)
 # One header for each record class; the verbs that the records are written with stay inside.
 list(TRANSFORM QUAVERA_RECORD_CLASSES REPLACE "(.+)" "records/\\1.h"
     OUTPUT_VARIABLE quavera_record_headers)
-install(FILES
-    ${quavera_record_headers}
+list(APPEND quavera_record_headers
     records/QuavData.h
     records/Records.def
-    records/SoapRecords.h
+    records/SoapRecords.h)
+install(FILES ${quavera_record_headers}
     DESTINATION ${quavera_header_dir}/records COMPONENT quavera_development)
 
 # What a project names as components of the package: one set of targets for each.

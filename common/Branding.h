@@ -5,35 +5,37 @@
 
 #include "common/Export.h"
 
-/// Brandings, and what a user is told of a result.
+/// @file
+/// Brandings, and what a user is told of a result. Texts are ASCII, and the caller's. Failed
+/// allocations throw `std::bad_alloc`, and nothing else is an error.
 
 /// The names under which the service is offered. Any `int` may be converted to it: values that are
 /// no enumerator count as `BrandingQuavera`.
 enum QuaveraBranding : int {
-    BrandingQuavera = 0,
-    BrandingOstinex = 1,
+    BrandingQuavera = 0,  ///< "Quavera"
+    BrandingOstinex = 1,  ///< "Ostinex"
 };
 
-/// The result codes that have a message of their own.
+/// The result codes that have a message of their own: negative ones are failures.
 enum QuavResult : int {
-    QuavResultAccountInUse = -16,
-    QuavResultOffLine = -15,
-    QuavResultNetworkError = -14,
-    QuavResultServiceError = -13,
-    QuavResultExpiredAccount = -12,
-    QuavResultInvalidPassword = -10,
-    QuavResultInvalidAccountName = -9,
-    QuavResultInvalidData = -8,
-    QuavResultUnexpectedError = -7,
-    QuavResultConnectionFailed = -6,
-    QuavResultInputTooLarge = -5,
-    QuavResultInvalidTrack = -4,
-    QuavResultCloseSession = -3,
-    QuavResultTooManySessions = -2,
-    QuavResultCommunicationsError = -1,
-    QuavResultSuccess = 0,
-    QuavResultEndOfTrack = 1,
-    QuavResultDataNotAvailable = 2,
+    QuavResultAccountInUse = -16,        ///< the account is in use on another device
+    QuavResultOffLine = -15,             ///< the service is off line
+    QuavResultNetworkError = -14,        ///< the network failed
+    QuavResultServiceError = -13,        ///< the service failed
+    QuavResultExpiredAccount = -12,      ///< the account has expired
+    QuavResultInvalidPassword = -10,     ///< the password is invalid
+    QuavResultInvalidAccountName = -9,   ///< the account name is invalid
+    QuavResultInvalidData = -8,          ///< data are invalid
+    QuavResultUnexpectedError = -7,      ///< what has no code of its own
+    QuavResultConnectionFailed = -6,     ///< no connection to the service
+    QuavResultInputTooLarge = -5,        ///< the input string was too large
+    QuavResultInvalidTrack = -4,         ///< the track is invalid
+    QuavResultCloseSession = -3,         ///< a session has to be closed first
+    QuavResultTooManySessions = -2,      ///< the account has its maximum of sessions
+    QuavResultCommunicationsError = -1,  ///< communication failed
+    QuavResultSuccess = 0,               ///< success
+    QuavResultEndOfTrack = 1,            ///< the end of the track is reached
+    QuavResultDataNotAvailable = 2,      ///< there are no data
 };
 
 /// The branding's name for users: "Ostinex", or "Quavera" for every other value.

@@ -6,29 +6,32 @@
 
 #include "common/Export.h"
 
+/// @file
 /// Fixed-size replies. Each object holds the image of its message: the fields packed in the stated
 /// order, in the byte order of the machine (little-endian on the controller), without padding. What
-/// the fields mean is settled between the callers.
+/// the fields mean is settled between the callers. Nothing here reports an error or throws, but
+/// for the copy of a string that a caller makes. A reply is used by one thread at a time.
 
 // No virtual destructor, which is part of the binary interface: replies are never deleted through a
 // pointer to a base.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// The reply that has no values of its own. Image: tag, value; 6 bytes.
+/// The base of the replies, and the one that has no values of its own. Image: tag, value; 6 bytes.
 class QUAVERA_API QuavClientResponse {
  public:
     /// Writes the fields into the object's image and returns its first byte. The image belongs to
-    /// the object. Only the image of the object's own class is written.
+    /// the object and lives as long; it is `GetByteSize()` bytes long, without a terminator. Only
+    /// the image of the object's own class is written.
     virtual unsigned char* ToBuffer();
     /// Reads the fields from the object's image, which the caller has filled at `ToBuffer()`.
     virtual void FromBuffer();
     /// The length of the image in bytes.
     virtual unsigned int GetByteSize();
 
-    std::uint32_t value = 0;
-    std::uint16_t tag = 0;
-    unsigned char wireBytes[6] = {};
+    std::uint32_t value = 0;          ///< the reply's main value
+    std::uint16_t tag = 0;            ///< the reply's header word
+    unsigned char wireBytes[6] = {};  ///< the image of this class
 };
 
 /// Image: tag, value, param1; 10 bytes.
@@ -39,8 +42,8 @@ class QUAVERA_API StartPlackbackResponse : public QuavClientResponse {
     void FromBuffer() override;
     unsigned int GetByteSize() override;
 
-    std::uint32_t param1 = 0;
-    unsigned char wireBytes[10] = {};
+    std::uint32_t param1 = 0;          ///< the reply's own value
+    unsigned char wireBytes[10] = {};  ///< the image of this class
 };
 
 /// Image: tag, value, param1; 10 bytes.
@@ -50,8 +53,8 @@ class QUAVERA_API InitTrackPlaybackResponse : public QuavClientResponse {
     void FromBuffer() override;
     unsigned int GetByteSize() override;
 
-    std::uint32_t param1 = 0;
-    unsigned char wireBytes[10] = {};
+    std::uint32_t param1 = 0;          ///< the reply's own value
+    unsigned char wireBytes[10] = {};  ///< the image of this class
 };
 
 /// Image: tag, value, param1, param2; 14 bytes.
@@ -61,15 +64,15 @@ class QUAVERA_API GetAudioDataResponse : public QuavClientResponse {
     void FromBuffer() override;
     unsigned int GetByteSize() override;
 
-    std::uint32_t param1 = 0;
-    std::uint32_t param2 = 0;
-    unsigned char wireBytes[14] = {};
+    std::uint32_t param1 = 0;          ///< the first value of its own
+    std::uint32_t param2 = 0;          ///< the second one
+    unsigned char wireBytes[14] = {};  ///< the image of this class
 };
 
 #pragma GCC diagnostic pop
 
 /// Writes `value` as four bytes, most significant first, at `buffer + offset`, where the caller has
-/// room for them. Returns the offset after them.
+/// room for them: neither that nor a null `buffer` is looked for. Returns the offset after them.
 QUAVERA_API unsigned int AddDWORDToBuffer(unsigned char* buffer, unsigned int offset,
                                           unsigned int value);
 

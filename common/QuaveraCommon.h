@@ -10,12 +10,14 @@
 #include "common/TextConversion.h"
 #include "common/Version.h"
 
+/// @file
 /// What every component of the integration shares. A source that can do without the messages
 /// includes the header of its topic instead, and saves their copies.
 
-// The user-visible texts, once for both brandings: "{0}" stands for the service's name. Each source
-// file that includes this header has its own copies (the order is part of the interface).
-
+/// The text of this name in `quavera::texts`, with "{0}" for the service's name: a message that
+/// users see. Each source file that includes this header has its own copies (the order is part of
+/// the interface), which are there once its initialisers have run.
+///@{
 static const std::string kMessageSuccess = quavera::texts::kSuccess;
 static const std::string kMessageEndOfTrack = quavera::texts::kEndOfTrack;
 static const std::string kMessageDataNotAvailable = quavera::texts::kDataNotAvailable;
@@ -35,9 +37,13 @@ static const std::string kMessageServiceError = quavera::texts::kServiceError;
 static const std::string kMessageNetworkError = quavera::texts::kNetworkError;
 static const std::string kMessageOffLine = quavera::texts::kOffLine;
 static const std::string kMessageAccountInUse = quavera::texts::kAccountInUse;
+///@}
 /// The format of the service's audio streams; for callers, no function here uses it.
 static const std::string kAudioStreamFormat = "MP3";
+/// The text of this name in `quavera::texts`: what a branding is called.
+///@{
 static const std::string kBrandingNameOstinex = quavera::texts::kBrandingNameOstinex;
 static const std::string kBrandingNameQuavera = quavera::texts::kBrandingNameQuavera;
+///@}
 
 #endif  // QUAVERA_COMMON_QUAVERA_COMMON_H_

@@ -5,12 +5,14 @@
 
 #include "common/Export.h"
 
+/// @file
 /// The forms in which text travels: UTF-8 (service records, element trees), wide strings of 32-bit
 /// characters (the user interface), CP850 (a display that knows only that page), base64 of UTF-8
 /// (display texts inside a tree) and two hexadecimal digits (a single letter inside a tree).
 ///
 /// All functions are stateless and reentrant. None reports an error: a failure shows in the result,
-/// as each function states. Failed allocations throw `std::bad_alloc`.
+/// as each function states. Results are the caller's. Failed allocations throw `std::bad_alloc`,
+/// but where a function states what takes their place.
 
 /// The wide string of a UTF-8 text.
 ///
@@ -57,7 +59,7 @@ QUAVERA_API std::string base64DecodeString(std::string text);
 QUAVERA_API std::wstring DecodeAndConvertFromUtf8(std::string text);
 
 /// The code of a character, 0 to 255, as two upper-case hexadecimal digits; below 16 as a blank
-/// and one digit ('\t' gives " 9").
+/// and one digit (a tab gives " 9").
 QUAVERA_API std::string CharToHexString(char character);
 
 /// The character whose code the first one or two hexadecimal digits of `text` give, in either

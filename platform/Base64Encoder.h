@@ -9,7 +9,8 @@
 /// Base64 as in RFC 4648, section 4: the standard alphabet, "=" padding, no line breaks.
 ///
 /// The codec keeps nothing between calls; an object serves any number of them. All lengths are in
-/// bytes. Nothing is written beyond a stated capacity, and no terminator is added.
+/// bytes. Nothing is written beyond a stated capacity, and no terminator is added. Texts and data
+/// are borrowed for the call, and only empty ones may be null. Nothing allocates or throws.
 class ZQ_API Base64Encoder {
  public:
     /// The number of characters that `Encode` makes of `length` bytes: 4 for each 3 bytes begun.
@@ -37,7 +38,7 @@ class ZQ_API Base64Encoder {
 
 namespace zq {
 
-/// The base64 form of `bytes`.
+/// The base64 form of `bytes`, of any values. A failed allocation throws `std::bad_alloc`.
 ZQ_API std::string EncodeBase64(std::string_view bytes);
 
 }  // namespace zq

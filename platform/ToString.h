@@ -5,6 +5,10 @@
 
 #include "platform/Export.h"
 
+/// @file
+/// Texts of numbers and flags, in ASCII, whatever the locale. Failed allocations throw
+/// `std::bad_alloc`.
+
 /// The text of a true flag in an element tree (XML Schema's boolean text).
 inline constexpr char TRUE_STRING[] = "true";
 

@@ -8,13 +8,17 @@
 #include "platform/AutoCom.h"
 #include "platform/Export.h"
 
+/// @file
 /// Trees of XML elements: a name, a text, and child elements in document order.
 ///
 /// Names and texts are byte strings, UTF-8 by convention; the tree stores any bytes unchanged.
 /// A tree is used by one thread at a time; a subtree that a reference keeps beyond its tree, and a
 /// node made by `CreateNode`, still belong to the tree that they come from. Depth and width are
 /// limited by memory only, no operation recurses, and a failed allocation throws `std::bad_alloc`
-/// and changes nothing. So does a name or a text of more than 2^32 - 1 bytes.
+/// and changes nothing. So does a name or a text of more than 2^32 - 1 bytes. Nothing else is an
+/// error, or reported; strings that are returned are copies.
+
+/// Trees of XML elements, and their text.
 namespace ZQXML {
 
 class INode;
@@ -24,28 +28,29 @@ ZQ_API zq::auto_com<INode> CreateXmlNode();
 
 /// What the text of an element is, as a `NodeView` shows it.
 enum class TextForm : unsigned int {
-    kPlain,   // a text without the mark of encoded text
-    kBase64,  // an encoded text, as it is
-    kBytes,   // the bytes that an encoded text stands for, in its place
-    kNumber,  // the number that a text is the decimal form of, in its place
-    kUnseen,  // neither name nor text are shown: ask the node for what is needed
+    kPlain,   ///< a text without the mark of encoded text
+    kBase64,  ///< an encoded text, as it is
+    kBytes,   ///< the bytes that an encoded text stands for, in its place
+    kNumber,  ///< the number that a text is the decimal form of, in its place
+    kUnseen,  ///< neither name nor text are shown: ask the node for what is needed
 };
 
 /// What is seen of a node without a copy, as long as neither it nor its tree changes.
 /// An array of these takes no initialisation.
 struct NodeView {
+    /// The element's name; not of an unseen node.
     std::string_view Name() const { return {nameData, nameSize}; }
-    /// Text or bytes; not of a number.
+    /// Text or bytes; not of a number or an unseen node.
     std::string_view Text() const { return {textData, textSize}; }
     /// Of a number only.
     int Number() const { return static_cast<int>(static_cast<unsigned int>(textSize)); }
 
-    INode* node;
-    const char* nameData;
-    std::size_t nameSize;
-    const char* textData;
-    std::size_t textSize;  // of a number: its 32 bits
-    TextForm form;
+    INode* node;           ///< the node itself, borrowed
+    const char* nameData;  ///< borrowed, without a terminator
+    std::size_t nameSize;  ///< in bytes
+    const char* textData;  ///< borrowed, without a terminator
+    std::size_t textSize;  ///< in bytes; of a number: its 32 bits
+    TextForm form;         ///< what `textData` and `textSize` are
 };
 
 /// The direct children of a node in document order, owned by that node.
@@ -62,9 +67,12 @@ class ZQ_API INodeList {
 
     /// `First` and `Next` for several children at once: shows the next ones of the walk, at least
     /// one as long as there is any, at most `room`, and returns their number. A child that is
-    /// `kUnseen` is shown alone. The default bodies show one, unseen.
+    /// `kUnseen` is shown alone. `views` has room for as many, one at least. The default bodies
+    /// show one, unseen.
+    ///@{
     virtual unsigned int ViewFirst(NodeView* views, unsigned int room);
     virtual unsigned int ViewNext(NodeView* views, unsigned int room);
+    ///@}
     /// About how many children there are, for making room; 0, as from the default body, where
     /// telling would disturb the walk.
     virtual std::size_t CountHint();
@@ -134,18 +142,21 @@ class ZQ_API INode {
     /// `GetChildren`, or null where there are no children: our nodes make no list for that. The
     /// default body is `GetChildren`.
     virtual INodeList* GetChildrenIfAny();
-    /// Name and text without copies. The default body shows neither.
+    /// Name and text without copies, borrowed as `NodeView` states. The default body shows neither.
     virtual NodeView View();
 
     /// Operations that add a child, with views in place of strings, which saves making them. Each
     /// default body calls the operation of the 15 that the child's form names: `AddChild` in the
     /// C-string, the string and the int form, and `AddChildEncoded` of the base64 form of `bytes`.
+    ///@{
     virtual void AddCString(std::string_view name, const char* text);
     virtual void AddText(std::string_view name, std::string_view text);
     virtual void AddNumber(std::string_view name, int value);
     virtual void AddEncoded(std::string_view name, std::string_view bytes);
+    ///@}
     /// A new node of that name, without text, that is meant to become part of this node's tree and
-    /// may share memory with it. Like the result of `CreateXmlNode`, it is still to be appended.
+    /// may share memory with it. Like the result of `CreateXmlNode`, it is still to be appended,
+    /// and the caller's until then. The default body makes one that shares nothing.
     virtual zq::auto_com<INode> CreateNode(std::string_view name);
 
  protected:

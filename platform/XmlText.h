@@ -9,12 +9,15 @@
 #include "platform/Export.h"
 #include "platform/XmlNode.h"
 
+/// @file
 /// Element trees as XML 1.0 text in UTF-8.
 ///
 /// An element's name and text become an XML element with character data; the mark of encoded text
 /// is the attribute `encoding="base64"`. `ParseXml(WriteXml(n))` equals `n` in names, texts, order
 /// and marks, as long as XML 1.0 can carry names and texts, with one exception: a text of nothing
-/// but white space in an element that has children is dropped on reading.
+/// but white space in an element that has children is dropped on reading. Failed allocations throw
+/// `std::bad_alloc`, and nothing else does.
+
 namespace ZQXML {
 
 /// Elements may be nested this deep in a text that `ParseXml` reads.
@@ -33,7 +36,8 @@ inline constexpr std::size_t kMaxXmlSize = std::size_t{256} * 1024 * 1024;
 ZQ_API std::string WriteXml(INode* node, bool indent = false);
 
 /// The tree of an XML text; an empty pointer for a text that is not accepted, with the reason and
-/// its place ("line 3, column 7: mismatched tag") in `*error` where `error` is not null.
+/// its place ("line 3, column 7: mismatched tag") in `*error` where `error` is not null. `*error`
+/// is written to in that case only; `text` is borrowed for the call.
 ///
 /// Accepted is well-formed XML 1.0 in UTF-8, up to `kMaxXmlSize` bytes and `kMaxXmlDepth` levels,
 /// without a document type declaration. An element's text is its character data ahead of its first

@@ -24,25 +24,27 @@ class QUAVERA_API DataAccountProperties : public QuavData {
     DataAccountProperties& operator=(DataAccountProperties&&) noexcept;
     ~DataAccountProperties() override;
 
+    /// Adds the elements of `soap` to `node`; neither may be null.
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__AccountMetaData* soap);
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__AccountMetaData* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string accountType;
-    std::string cobrand;
-    std::string country;
-    std::uint32_t dateCreated = 0;
-    std::wstring email;
-    std::wstring firstName;
-    int freePlaysAllowed = 0;
-    int freePlaysRemaining = 0;
-    std::uint64_t freeTrialTimeLeftInMillis = 0;  // of which 32 bits are read and printed
-    std::string lastName;
-    std::uint32_t quavera25MonthReset = 0;
-    std::uint32_t trialTerminationDate = 0;
-    std::wstring userName;
-    std::string zip;
+    std::string accountType;                      ///< the service's name of the type
+    std::string cobrand;                          ///< identifier of the co-brand
+    std::string country;                          ///< country code
+    std::uint32_t dateCreated = 0;                ///< the service's date of the account's creation
+    std::wstring email;                           ///< e-mail address
+    std::wstring firstName;                       ///< first name
+    int freePlaysAllowed = 0;                     ///< number of free plays granted
+    int freePlaysRemaining = 0;                   ///< number of free plays left
+    std::uint64_t freeTrialTimeLeftInMillis = 0;  ///< in milliseconds; the low 32 bits are used
+    std::string lastName;                         ///< the element's text as it stands
+    std::uint32_t quavera25MonthReset = 0;        ///< the service's monthly reset value
+    std::uint32_t trialTerminationDate = 0;       ///< the service's date of the trial's end
+    std::wstring userName;                        ///< the member's user name
+    std::string zip;                              ///< postal code
 };
 
 #endif  // QUAVERA_RECORDS_DATA_ACCOUNT_PROPERTIES_H_

@@ -24,17 +24,18 @@ class QUAVERA_API DataAlbum : public DataAlbumLite {
     DataAlbum& operator=(DataAlbum&&) noexcept;
     ~DataAlbum() override;
 
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__AlbumMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string albumArt70x70Url;
-    std::string copyright;
-    std::string label;
-    std::vector<std::string> nonDisplayableAlbumTypes;
-    DataArtistLite primaryArtist;
-    std::vector<DataTrackInfo> tracks;
-    std::string upccode;  // spelled as the service does
+    std::string albumArt70x70Url;                       ///< address of the cover, 70 by 70 pixels
+    std::string copyright;                              ///< copyright text
+    std::string label;                                  ///< the record label
+    std::vector<std::string> nonDisplayableAlbumTypes;  ///< types not to be shown under, as texts
+    DataArtistLite primaryArtist;                       ///< the main artist
+    std::vector<DataTrackInfo> tracks;                  ///< the tracks, in the order of the tree
+    std::string upccode;  ///< the album's UPC code; spelled as the service does
 };
 
 #endif  // QUAVERA_RECORDS_DATA_ALBUM_H_

@@ -19,7 +19,7 @@
 class QUAVERA_API DataAlbumLite : public QuavData {
  public:
     DataAlbumLite();
-    /// The record's members; the wide texts stay empty.
+    /// The members of `soap`, which must not be null; the wide texts stay empty.
     // Not explicit, so that `albums.push_back(soap)` compiles.
     DataAlbumLite(Quavera::Quavera2__LiteAlbumMetadata* soap);
     DataAlbumLite(const DataAlbumLite&);
@@ -28,31 +28,33 @@ class QUAVERA_API DataAlbumLite : public QuavData {
     DataAlbumLite& operator=(DataAlbumLite&&) noexcept;
     ~DataAlbumLite() override;
 
+    /// Adds the elements of `soap` to `node`; neither may be null.
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteAlbumMetadata* soap);
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LiteAlbumMetadata* soap);
-    /// The element of this object's own fields: every scalar, the display texts from their UTF-8
-    /// form, the list only if it holds anything.
+    /// The element of this object's own fields, which is the caller's: every scalar, the display
+    /// texts from their UTF-8 form, the list only if it holds anything.
     zq::auto_com<ZQXML::INode> ToXML();
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string albumArt162x162Url;
-    std::string albumId;
-    int albumType = 0;
-    bool compilation = false;
-    std::wstring displayName;
-    std::string displayNameUtf8;
-    std::wstring name;
-    std::string nameUtf8;
-    bool parentalAuthority = false;
-    std::wstring primaryArtistDisplayName;
-    std::string primaryArtistDisplayNameUtf8;
-    std::string primaryArtistId;
-    std::string primaryStyle;
-    int releaseYear = 0;
-    std::uint64_t reserved64;  // carried by copies only, and without a value until then
-    std::string shortcut;
-    std::vector<std::string> displayableAlbumTypes;
+    std::string albumArt162x162Url;            ///< address of the cover, 162 by 162 pixels
+    std::string albumId;                       ///< the service's identifier of the album
+    int albumType = 0;                         ///< the service's code of the type
+    bool compilation = false;                  ///< whether the album is a compilation
+    std::wstring displayName;                  ///< title for display, from a tree
+    std::string displayNameUtf8;               ///< title for display, from a SOAP record
+    std::wstring name;                         ///< title, from a tree
+    std::string nameUtf8;                      ///< title, from a SOAP record
+    bool parentalAuthority = false;            ///< the service's flag of that name
+    std::wstring primaryArtistDisplayName;     ///< the main artist's name, from a tree
+    std::string primaryArtistDisplayNameUtf8;  ///< the main artist's name, from a SOAP record
+    std::string primaryArtistId;               ///< the service's identifier of the main artist
+    std::string primaryStyle;                  ///< name of the main style
+    int releaseYear = 0;                       ///< what albums compare by
+    std::uint64_t reserved64;  ///< carried by copies only, and without a value until then
+    std::string shortcut;      ///< the service's short text key of the album
+    std::vector<std::string> displayableAlbumTypes;  ///< types to be shown under, as texts
 };
 
 /// Whether the albums are of the same year; nothing else is compared.

@@ -25,16 +25,17 @@ class QUAVERA_API DataArtist : public DataArtistLite {
     DataArtist& operator=(DataArtist&&) noexcept;
     ~DataArtist() override;
 
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__ArtistMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::vector<DataAlbumLite> albums;
-    DataStationLite artistStation;
-    std::wstring bio;
-    std::wstring bioAuthor;
-    std::wstring blurb;
-    std::vector<DataGenreLite> genres;
+    std::vector<DataAlbumLite> albums;  ///< the artist's albums, in the order of the tree
+    DataStationLite artistStation;      ///< the artist's station
+    std::wstring bio;                   ///< the biography
+    std::wstring bioAuthor;             ///< name of the biography's author
+    std::wstring blurb;                 ///< a short description
+    std::vector<DataGenreLite> genres;  ///< the artist's genres, in the order of the tree
 };
 
 #endif  // QUAVERA_RECORDS_DATA_ARTIST_H_

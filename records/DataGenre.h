@@ -24,20 +24,21 @@ class QUAVERA_API DataGenre : public DataGenreLite {
     DataGenre& operator=(DataGenre&&) noexcept;
     ~DataGenre() override;
 
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__GenreMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::wstring abbreviation;
-    std::wstring displayName;
-    std::string genreId;
-    std::wstring name;
-    int subGenreCount = 0;
-    int parentGenreCount = 0;  // filled by nothing here
-    std::vector<DataGenreLite> childGenres;
-    std::wstring description;
-    std::vector<DataGenreLite> parentGenres;
-    std::string primaryParentGenreId;
+    std::wstring abbreviation;  ///< short form of the name
+    std::wstring displayName;   ///< the genre's name for display
+    std::string genreId;        ///< the service's identifier; hides the base's
+    std::wstring name;          ///< the genre's name; hides the base's
+    int subGenreCount = 0;      ///< number of genres below it, as the service states it
+    int parentGenreCount = 0;   ///< number of genres above it; filled by nothing here
+    std::vector<DataGenreLite> childGenres;   ///< genres below it, in the order of the tree
+    std::wstring description;                 ///< text about the genre
+    std::vector<DataGenreLite> parentGenres;  ///< genres above it, in the order of the tree
+    std::string primaryParentGenreId;         ///< the service's identifier of the main parent
 };
 
 #endif  // QUAVERA_RECORDS_DATA_GENRE_H_

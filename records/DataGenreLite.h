@@ -20,13 +20,14 @@ class QUAVERA_API DataGenreLite : public QuavData {
     DataGenreLite& operator=(DataGenreLite&&) noexcept;
     ~DataGenreLite() override;
 
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LiteGenreMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string genreId;
-    std::wstring name;
-    int subCount = 0;
+    std::string genreId;  ///< the service's identifier of the genre
+    std::wstring name;    ///< the genre's name
+    int subCount = 0;     ///< number of genres below it, as the service states it
 };
 
 #endif  // QUAVERA_RECORDS_DATA_GENRE_LITE_H_

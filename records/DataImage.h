@@ -21,18 +21,20 @@ class QUAVERA_API DataImage : public QuavData {
     DataImage& operator=(DataImage&&) noexcept;
     ~DataImage() override;
 
+    /// Adds the elements of `soap` to `node`; neither may be null.
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__ImageMetadata* soap);
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__ImageMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string copyright;
-    int height = 0;  // in pixels
-    std::string imageFormat;
-    std::string imageId;
-    std::wstring title;
-    std::string url;
-    int width = 0;  // in pixels
+    std::string copyright;    ///< copyright line
+    int height = 0;           ///< height in pixels
+    std::string imageFormat;  ///< the service's name of the format
+    std::string imageId;      ///< the service's identifier; filled by nothing here
+    std::wstring title;       ///< title of the picture
+    std::string url;          ///< address of the picture
+    int width = 0;            ///< width in pixels
 };
 
 #endif  // QUAVERA_RECORDS_DATA_IMAGE_H_

@@ -21,13 +21,15 @@ class QUAVERA_API DataIndex : public QuavData {
     DataIndex& operator=(DataIndex&&) noexcept;
     ~DataIndex() override;
 
+    /// Adds the elements of `soap` to `node`; neither may be null.
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__AlphaIndexPosition* soap);
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__AlphaIndexPosition* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string letter;  // one byte once read; any value, zero included
-    int start = 0;       // position in the list
+    std::string letter;  ///< one byte once read, of any value, zero included
+    int start = 0;       ///< position in the list of the letter's first item
 };
 
 #endif  // QUAVERA_RECORDS_DATA_INDEX_H_

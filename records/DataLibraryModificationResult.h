@@ -22,13 +22,15 @@ class QUAVERA_API DataLibraryModificationResult : public QuavData {
     DataLibraryModificationResult& operator=(DataLibraryModificationResult&&) noexcept;
     ~DataLibraryModificationResult() override;
 
+    /// Adds the elements of `soap` to `node`; neither may be null.
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LibraryModificationResult* soap);
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LibraryModificationResult* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::vector<std::string> ids;
-    unsigned long libraryLastDateModified = 0;  // the service's stamp, 32 bits
+    std::vector<std::string> ids;  ///< what the change made or touched, in the order of the tree
+    unsigned long libraryLastDateModified = 0;  ///< the service's stamp, 32 bits
 };
 
 #endif  // QUAVERA_RECORDS_DATA_LIBRARY_MODIFICATION_RESULT_H_

@@ -26,13 +26,14 @@ class QUAVERA_API DataMemberLibrary : public DataMemberLibraryLite {
     DataMemberLibrary& operator=(DataMemberLibrary&&) noexcept;
     ~DataMemberLibrary() override;
 
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__MemberLibrary* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::vector<DataPlaylistLite> playlists;
-    std::vector<DataStationLite> stations;
-    std::vector<DataTrackInfo> tracks;
+    std::vector<DataPlaylistLite> playlists;  ///< the member's playlists, in the order of the tree
+    std::vector<DataStationLite> stations;    ///< the member's stations, in the order of the tree
+    std::vector<DataTrackInfo> tracks;        ///< the member's tracks, in the order of the tree
 };
 
 #endif  // QUAVERA_RECORDS_DATA_MEMBER_LIBRARY_H_

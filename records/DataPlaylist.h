@@ -22,11 +22,12 @@ class QUAVERA_API DataPlaylist : public DataPlaylistLite {
     DataPlaylist& operator=(DataPlaylist&&) noexcept;
     ~DataPlaylist() override;
 
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__PlaylistMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::vector<DataTrackInfo> tracks;
+    std::vector<DataTrackInfo> tracks;  ///< the tracks, in the order of the tree
 };
 
 #endif  // QUAVERA_RECORDS_DATA_PLAYLIST_H_

@@ -21,16 +21,18 @@ class QUAVERA_API DataPlaylistLite : public QuavData {
     DataPlaylistLite& operator=(DataPlaylistLite&&) noexcept;
     ~DataPlaylistLite() override;
 
+    /// Adds the elements of `soap` to `node`; neither may be null.
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LitePlaylistMetadata* soap);
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LitePlaylistMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string createdDate;       // the element's text
-    std::string lastModifiedDate;  // the element's text
-    std::string name;              // UTF-8, as received
-    std::string playlistId;
-    std::string type;
+    std::string createdDate;       ///< the element's text, the service's date in decimal
+    std::string lastModifiedDate;  ///< the element's text, of the last change
+    std::string name;              ///< the playlist's name, as received
+    std::string playlistId;        ///< the service's identifier of the playlist
+    std::string type;              ///< the service's name of the type
 };
 
 #endif  // QUAVERA_RECORDS_DATA_PLAYLIST_LITE_H_

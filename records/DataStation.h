@@ -20,6 +20,7 @@ class QUAVERA_API DataStation : public DataStationLite {
     DataStation& operator=(DataStation&&) noexcept;
     ~DataStation() override;
 
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__StationMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;

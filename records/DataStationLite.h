@@ -22,16 +22,18 @@ class QUAVERA_API DataStationLite : public QuavData {
     DataStationLite& operator=(DataStationLite&&) noexcept;
     ~DataStationLite() override;
 
+    /// Adds the elements of `soap` to `node`; neither may be null.
     static void ToXML(ZQXML::INode* node, Quavera::Quavera2__LiteStationMetadata* soap);
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LiteStationMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::wstring name;
-    std::uint64_t reserved64;  // carried by copies only, and without a value until then
-    std::string stationId;
-    std::string type;
-    bool freeStation = false;  // can be played free of charge
+    std::wstring name;         ///< the station's name
+    std::uint64_t reserved64;  ///< carried by copies only, and without a value until then
+    std::string stationId;     ///< the service's identifier of the station
+    std::string type;          ///< the service's name of the type
+    bool freeStation = false;  ///< whether it can be played free of charge
 };
 
 #endif  // QUAVERA_RECORDS_DATA_STATION_LITE_H_

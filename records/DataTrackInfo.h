@@ -26,23 +26,23 @@ class QUAVERA_API DataTrackInfo : public QuavData {
     DataTrackInfo& operator=(DataTrackInfo&&) noexcept;
     ~DataTrackInfo() override;
 
+    /// The element of `soap`, which must not be null; it is the caller's.
     static zq::auto_com<ZQXML::INode> ToXML(Quavera::Quavera2__LiteTrackMetadata* soap);
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string albumId;
-    std::string artistId;
-    int discIndex = 0;  // number of the disc that holds the track
-    std::wstring displayAlbumName;
-    std::wstring displayArtistName;
-    std::string genreId;
-    std::wstring name;
-    int playbackSeconds = 0;
-    // The service's rights bits. Without a value until an element or a copy gives it one.
-    int rightFlags;
-    std::string trackId;
-    int trackIndex = 0;    // position of the track on its disc
-    std::string userData;  // free text that a caller puts into the tree
+    std::string albumId;             ///< the service's identifier of the album
+    std::string artistId;            ///< the service's identifier of the artist
+    int discIndex = 0;               ///< number of the disc that holds the track
+    std::wstring displayAlbumName;   ///< the album's title for display
+    std::wstring displayArtistName;  ///< the artist's name for display
+    std::string genreId;             ///< the service's identifier of the genre
+    std::wstring name;               ///< the track's title
+    int playbackSeconds = 0;         ///< length in seconds
+    int rightFlags;        ///< the service's rights, a bit set; no value until it is given one
+    std::string trackId;   ///< the service's identifier of the track
+    int trackIndex = 0;    ///< position of the track on its disc
+    std::string userData;  ///< free text that a caller puts into the tree
 };
 
 #endif  // QUAVERA_RECORDS_DATA_TRACK_INFO_H_

@@ -11,6 +11,7 @@
 #define QUAVERA_RECORD(Record, Soap, element, node, answer) class Record;
 #include "records/Records.def"
 
+/// @file
 /// Records as text, in one call each way: what a component sends that has a SOAP record, and what
 /// one does that has received the text.
 ///
@@ -23,12 +24,18 @@
 ///
 /// The text is that of the element tree (platform/XmlText.h). Needs the platform library that is
 /// bundled with this one.
+
+/// What this library adds to its records and conversions.
 namespace quavera {
 
 /// What the `FromXML` of a record class expects: the record's element, or a node that holds it.
-enum class RecordNode { kElement, kParent };
+enum class RecordNode {
+    kElement,  ///< the element itself
+    kParent,   ///< the node that holds the element, or several
+};
 
-/// What a record class is called, the name of its element, and which node it reads. Defined for the
+/// What a record class is called (`kClass`), the name of its element (`kName`), and which node it
+/// reads (`kNode`): texts that live as long as the program, and a `RecordNode`. Defined for the
 /// record classes only.
 template <class Record>
 struct RecordElement;
@@ -42,7 +49,8 @@ struct RecordElement;
     };
 #include "records/Records.def"
 
-/// Fills `*record` from the root of a tree, the record's element, whatever its name. Where the
+/// Fills `*record` from the root of a tree, the record's element, whatever its name. `root` is
+/// borrowed, and a null one counts as empty; `record` must not be null. Where the
 /// class reads a parent, the element becomes the child of one that is made for it; an element that
 /// has a parent already cannot, and then nothing is read. Of fields that the tree does not have the
 /// values stay, and lists grow, as `FromXML` has it. Throws `std::bad_alloc` only.

@@ -1,7 +1,11 @@
 #ifndef QUAVERA_RECORDS_SOAP_RECORDS_H_
 #define QUAVERA_RECORDS_SOAP_RECORDS_H_
 
+/// @file
 /// The SOAP records by name, for the records' headers; soap/QuaveraStub.h has their members.
+
+/// The SOAP records of the service. They are gSOAP's, except for what their repeated elements are
+/// held in (soap/QuaveraWrappers.h).
 namespace Quavera {
 #define QUAVERA_RECORD(Record, Soap, element, node, answer) class Soap;
 #include "records/Records.def"

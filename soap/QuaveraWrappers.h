@@ -3,9 +3,10 @@
 
 #include <string>
 
-// The wrapper records: what a record points to where its element is repeated. They stand here and
-// not among the generated records because they hold `items` ahead of `count`, an order that
-// soapcpp2 does not offer; it generates their serializers all the same (see quavera.gsoap.h).
+/// @file
+/// The wrapper records: what a record points to where its element is repeated. They stand here and
+/// not among the generated records because they hold `items` ahead of `count`, an order that
+/// soapcpp2 does not offer; it generates their serializers all the same (see quavera.gsoap.h).
 
 namespace Quavera {
 
@@ -22,19 +23,28 @@ class Quavera2__AlphaIndexPosition;
 /// that was read.
 template <typename Item>
 struct RecordArray {
-    Item* items = nullptr;
-    int count = 0;
+    Item* items = nullptr;  ///< the first one; null where there is none
+    int count = 0;          ///< their number
 };
 
 // Classes and not aliases, so that they can be forward-declared under their names.
+
+/// Texts, UTF-8.
 class Quavera2__ArrayOfString : public RecordArray<std::string> {};
+/// Tracks.
 class Quavera2__ArrayOfLiteTrackMetadata : public RecordArray<Quavera2__LiteTrackMetadata*> {};
+/// Albums.
 class Quavera2__ArrayOfLiteAlbumMetadata : public RecordArray<Quavera2__LiteAlbumMetadata*> {};
+/// Genres.
 class Quavera2__ArrayOfLiteGenreMetadata : public RecordArray<Quavera2__LiteGenreMetadata*> {};
+/// Playlists.
 class Quavera2__ArrayOfLitePlaylistMetadata : public RecordArray<Quavera2__LitePlaylistMetadata*> {
 };
+/// Stations.
 class Quavera2__ArrayOfLiteStationMetadata : public RecordArray<Quavera2__LiteStationMetadata*> {};
+/// Pictures.
 class Quavera2__ArrayOfImageMetadata : public RecordArray<Quavera2__ImageMetadata*> {};
+/// Entries of an alphabetic index.
 class Quavera2__ArrayOfAlphaIndexPosition : public RecordArray<Quavera2__AlphaIndexPosition*> {};
 
 }  // namespace Quavera
