@@ -25,8 +25,10 @@ list(JOIN quavera_reference_files "\" \"" quavera_reference_input)
 configure_file(docs/Doxyfile.in "${quavera_reference_dir}/Doxyfile" @ONLY)
 
 add_custom_target(quavera-reference
-    # Or pages of what is gone would stay.
-    COMMAND "${CMAKE_COMMAND}" -E rm -rf "${quavera_reference_dir}/html"
-    COMMAND "${QUAVERA_DOXYGEN}" "${quavera_reference_dir}/Doxyfile"
+    COMMAND "${CMAKE_COMMAND}"
+            "-DDOXYGEN=${QUAVERA_DOXYGEN}"
+            "-DDOXYFILE=${quavera_reference_dir}/Doxyfile"
+            "-DOUTPUT_DIR=${quavera_reference_dir}"
+            -P "${PROJECT_SOURCE_DIR}/cmake/MakeReference.cmake"
     COMMENT "Making the reference"
     VERBATIM)
