@@ -155,3 +155,30 @@ if(NOT text MATCHES "records/DataAlbum\\.h")
 endif()
 run("compile the headers" "${CXX_COMPILER}" -std=c++17 -fsyntax-only -Wall -Wextra -Wpedantic
     -Werror ${sysroot_flags} "-I${include_dir}" -isystem "${moved}/include" "${source}")
+
+# --- the example's platform library, and its program on the libraries that are built on that
+
+# The way of examples/README.md; libquavera-soap, which needs no platform library, is built already.
+set(example_build "${WORK_DIR}/example")
+set(example_prefix "${WORK_DIR}/on the example")
+set(programs "${WORK_DIR}/example's program")
+configure("${EXAMPLE_DIR}" "${example_build}" -DCMAKE_DISABLE_FIND_PACKAGE_Quavera=ON
+    "-DCMAKE_INSTALL_LIBDIR=${LIBDIR}" "-DCMAKE_INSTALL_INCLUDEDIR=${INCLUDEDIR}"
+    "-DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${programs}")
+build("${example_build}")
+run("install" "${CMAKE_COMMAND}" --install "${example_build}" --prefix "${example_prefix}")
+configure("${SOURCE_DIR}" "${library_build}"
+    "-DQUAVERA_PLATFORM_INCLUDE_DIR=${example_prefix}/${INCLUDEDIR}"
+    "-DQUAVERA_PLATFORM_LIBRARY=${example_prefix}/${LIBDIR}/libcontroller.so")
+build("${library_build}")
+run("install" "${CMAKE_COMMAND}" --install "${library_build}" --prefix "${example_prefix}")
+run("dynamic section" "${READELF}" -d --wide "${example_prefix}/${LIBDIR}/libquavera.so")
+if(NOT output MATCHES "NEEDED[^\n]*\\[libcontroller\\.so\\]" OR output MATCHES "zqshared")
+    fail("libquavera.so does not need the example's platform library, and no other:\n${output}")
+endif()
+
+find_package_in(where "${example_prefix}")
+configure("${EXAMPLE_DIR}" "${example_build}" ${where} -UCMAKE_DISABLE_FIND_PACKAGE_Quavera)
+build("${example_build}")
+run("the example's program" python3 "${CMAKE_CURRENT_LIST_DIR}/examples/check.py" --only-platform
+    --programs "${programs}" --sources "${SOURCE_DIR}" "--emulator=${EMULATOR}")
