@@ -122,7 +122,9 @@ class ElementWriter {
         Page::Note(name, Content::kLetter);
     }
     void Number(RowName name, const int* value) { Decimal(name, value); }
-    void NumberUnlessZero(RowName name, int value) { Decimal(name, &value); }
+    void NumberUnlessZero(RowName name, int /*value*/) {
+        Page::Note(name, Content::kNumber)->writtenIf = "unless zero";
+    }
     void Unsigned(RowName name, const unsigned long* value) { Decimal(name, value); }
     void DecimalString(RowName name, const int* value) { Decimal(name, value); }
     template <class Integer>
@@ -130,23 +132,26 @@ class ElementWriter {
         Page::Note(name, std::is_signed_v<Integer> ? Content::kNumber : Content::kUnsigned);
     }
     void Flag(RowName name, const bool* /*value*/) { Page::Note(name, Content::kFlag); }
-    void FlagIfTrue(RowName name, bool value) { Flag(name, &value); }
+    void FlagIfTrue(RowName name, bool /*value*/) {
+        Page::Note(name, Content::kFlag)->writtenIf = "if true";
+    }
 
     template <class Writer, class Soap>
     void Nested(RowName name, Soap* /*soap*/) {
         Page::Note(name, Content::kRecord)->elements = WrittenBy<Writer, Soap>();
     }
     template <class Writer, class Wrapper>
-    void Records(RowName name, RowName itemName, const Wrapper* /*wrapper*/) {
+    ElementShape* Records(RowName name, RowName itemName, const Wrapper* /*wrapper*/) {
         using Soap =
             std::remove_pointer_t<std::remove_pointer_t<decltype(std::declval<Wrapper>().items)>>;
         ElementShape* const list = Page::Note(name, Content::kRecords);
         list->item = itemName;
         list->elements = WrittenBy<Writer, Soap>();
+        return list;
     }
     template <class Writer, class Wrapper>
     void RecordsAlways(RowName name, RowName itemName, const Wrapper* wrapper) {
-        Records<Writer>(name, itemName, wrapper);
+        Records<Writer>(name, itemName, wrapper)->writtenIf = "always";
     }
     template <class Wrapper>
     void Values(RowName name, const Wrapper* /*wrapper*/) {
@@ -213,32 +218,65 @@ class ChildReader {
     bool isAtEnd_ = false;
 };
 
-/// The log text is of no concern here.
+/// Notes lines in place of writing them.
 class TextLines {
  public:
-    template <class Text>
-    void Plain(RowName /*label*/, const Text& /*text*/) {}
-    template <class Text>
-    void Display(RowName /*label*/, const Text& /*text*/) {}
-    template <class Text>
-    void DisplayAfter(RowName /*label*/, const Text& /*text*/) {}
-    template <class Value>
-    void Number(RowName /*label*/, Value /*value*/) {}
-    template <class Value>
-    void Unsigned(RowName /*label*/, Value /*value*/) {}
-    template <class Value>
-    void Flag(RowName /*label*/, Value /*value*/) {}
+    void Plain(RowName label, const std::string& /*text*/) { Line(label, Content::kText); }
+    void Display(RowName label, const std::wstring& /*text*/) { Line(label, Content::kDisplay); }
+    void DisplayAfter(RowName label, const std::wstring& /*text*/) {
+        Note(label, Content::kDisplay);
+    }
+    void Number(RowName label, int /*value*/) { Line(label, Content::kNumber); }
+    void Unsigned(RowName label, unsigned long /*value*/) { Line(label, Content::kUnsigned); }
+    void Flag(RowName label, bool /*value*/) { Line(label, Content::kFlag); }
+    void Each(RowName label, const std::vector<std::string>& /*texts*/) {
+        Line(label, Content::kText)->isRepeated = true;
+    }
+    void Unbroken(RowName prefix, const std::vector<std::string>& /*texts*/) {
+        LineShape* const line = Note(prefix, Content::kText);
+        line->isRepeated = true;
+        line->isBroken = false;
+    }
+
     template <class Record>
-    void Nested(RowName /*label*/, const Record& /*record*/) {}
-    template <class List>
-    void Records(RowName /*prefix*/, const List& /*items*/) {}
-    template <class List>
-    void Each(RowName /*label*/, const List& /*texts*/) {}
-    template <class List>
-    void Unbroken(RowName /*prefix*/, const List& /*texts*/) {}
+    void Nested(RowName label, const Record& /*record*/) {
+        Line(label, Content::kRecord)->lines = LinesOf<Record>();
+    }
+    template <class Item>
+    void Records(RowName prefix, const std::vector<Item>& /*items*/) {
+        LineShape* const list = Note(prefix, Content::kRecords);
+        list->isBroken = false;
+        list->lines = LinesOf<Item>();
+    }
     template <class Record>
-    void Of(const Record& /*record*/) {}
-    std::string Take() { return {}; }
+    void Of(const Record& record) {
+        AddLines(record, *this);
+    }
+
+    std::string Take() { return {}; }  // records are made for their rows: none is printed
+
+    template <class Record>
+    static TextShape LinesOf() {
+        TextLines lines;
+        lines.Of(Record());
+        return std::move(lines.shape_);
+    }
+
+ private:
+    LineShape* Line(RowName label, Content content) {
+        LineShape* const line = Note(label, content);
+        line->label += " = ";
+        return line;
+    }
+    LineShape* Note(std::string_view label, Content content) {
+        LineShape line;
+        line.label = label;
+        line.content = content;
+        shape_.push_back(std::move(line));
+        return &shape_.back();
+    }
+
+    TextShape shape_;
 };
 
 // NOLINTBEGIN(bugprone-suspicious-include): they are the records' rows
@@ -297,6 +335,15 @@ const RecordShape& ShapeOf(std::string_view recordClass) {
 #include "records/Records.def"
     };
     return shapes.find(recordClass)->second;
+}
+
+const TextShape& TextOf(std::string_view recordClass) {
+    static const std::map<std::string_view, TextShape> texts = {
+#define QUAVERA_RECORD(Class, Soap, element, node, answer) \
+    {#Class, rows::TextLines::LinesOf<rows::Class>()},
+#include "records/Records.def"
+    };
+    return texts.find(recordClass)->second;
 }
 
 }  // namespace tool

@@ -29,7 +29,7 @@ ContentName NameOf(Content content) {
         case Content::kText:
             return {"text", "as it stands"};
         case Content::kMarkedText:
-            return {"text", "as it stands; base64 where it is marked"};
+            return {"text", "as it stands, or decoded where it is marked"};
         case Content::kDisplay:
             return {"text", "base64 of UTF-8"};
         case Content::kLetter:
@@ -55,6 +55,12 @@ std::string TypeOf(const ElementShape& element) {
     return element.isRepeated ? type + "s" : type;
 }
 
+/// The form that the record holds an element in, where that is another one than the tree's.
+std::string_view ReadFormOf(const ElementShape& element) {
+    const std::string_view form = NameOf(element.readAs).form;
+    return element.isRead && form != NameOf(element.content).form ? form : std::string_view();
+}
+
 std::string FormOf(const ElementShape& element) {
     std::string form(NameOf(element.content).form);
     if (!element.item.empty()) {
@@ -63,11 +69,42 @@ std::string FormOf(const ElementShape& element) {
     if (element.isRepeated) {
         form += ", an element for each";
     }
+    if (!element.writtenIf.empty()) {
+        form.append(", ").append(element.writtenIf);
+    }
     if (!element.isWritten) {
         form += "; read, never written";
     }
     if (!element.isRead) {
         form += "; written, never read";
+    }
+    if (const std::string_view readForm = ReadFormOf(element); !readForm.empty()) {
+        form.append("; read ").append(readForm);
+    }
+    return form;
+}
+
+std::string TypeOf(const LineShape& line) {
+    const std::string type(NameOf(line.content).type);
+    return line.isRepeated ? type + "s" : type;
+}
+
+/// What comes after a line's label.
+std::string FormOf(const LineShape& line) {
+    switch (line.content) {
+        case Content::kDisplay:
+            return "UTF-8";
+        case Content::kRecord:
+            return "its lines, and a line break";
+        case Content::kRecords:
+            return "the lines of each, after these words";
+        default:
+            break;
+    }
+    std::string form(NameOf(line.content).form);
+    if (line.isRepeated) {
+        form +=
+            line.isBroken ? ", a line for each" : ", each after these words, without line breaks";
     }
     return form;
 }
@@ -80,6 +117,12 @@ Json JsonOf(const RecordShape& shape) {
                         {"form", FormOf(each)},
                         {"written", each.isWritten},
                         {"read", each.isRead}};
+        if (!each.writtenIf.empty()) {
+            element["writtenIf"] = each.writtenIf;
+        }
+        if (const std::string_view readForm = ReadFormOf(each); !readForm.empty()) {
+            element["readForm"] = readForm;
+        }
         if (!each.item.empty()) {
             element["item"] = each.item;
         }
@@ -89,6 +132,18 @@ Json JsonOf(const RecordShape& shape) {
         elements.push_back(std::move(element));
     }
     return elements;
+}
+
+Json JsonOf(const TextShape& text) {
+    Json lines = Json::array();
+    for (const LineShape& each : text) {
+        Json line = {{"label", each.label}, {"type", TypeOf(each)}, {"form", FormOf(each)}};
+        if (!each.lines.empty()) {
+            line["lines"] = JsonOf(each.lines);
+        }
+        lines.push_back(std::move(line));
+    }
+    return lines;
 }
 
 Json JsonOf(const RecordClass& record) {
@@ -101,6 +156,7 @@ Json JsonOf(const RecordClass& record) {
         json["answer"] = record.answerElement;
     }
     json["elements"] = JsonOf(ShapeOf(record.name));
+    json["text"] = JsonOf(TextOf(record.name));
     return json;
 }
 
@@ -132,6 +188,13 @@ void AddLines(const RecordShape& shape, const std::string& indentation, std::vec
     }
 }
 
+void AddLines(const TextShape& text, const std::string& indentation, std::vector<Line>* lines) {
+    for (const LineShape& each : text) {
+        lines->push_back({indentation + '"' + each.label + '"', TypeOf(each), FormOf(each)});
+        AddLines(each.lines, indentation + "  ", lines);
+    }
+}
+
 std::string ListOfClasses() {
     std::vector<Line> lines = {{"CLASS", "SOAP RECORD", "ELEMENT", "READS", "REQUEST"}};
     for (const RecordClass& each : RecordClasses()) {
@@ -146,12 +209,14 @@ std::string ListOfClasses() {
 
 std::string Description(const RecordClass& record) {
     const std::string element = "\"" + std::string(record.treeElement) + "\"";
-    std::vector<Line> lines = {{"ELEMENT", "TYPE", "FORM"}};
-    AddLines(ShapeOf(record.name), "", &lines);
+    std::vector<Line> elements = {{"ELEMENT", "TYPE", "FORM"}};
+    AddLines(ShapeOf(record.name), "", &elements);
+    std::vector<Line> lines = {{"LINE OF THE TEXT", "TYPE", "FORM"}};
+    AddLines(TextOf(record.name), "", &lines);
     return std::string(record.name) + " is made of the SOAP record \"" +
            std::string(record.soapElement) + "\", writes the element " + element + " and reads " +
            (record.node == "parent" ? "the parent of " + element : element) + ".\n\n" +
-           Table(lines);
+           Table(elements) + "\n" + Table(lines);
 }
 
 std::string Describe(const RecordsOptions& options) {
@@ -172,7 +237,9 @@ std::string Describe(const RecordsOptions& options) {
 
 Run DeclareRecords(CLI::App* command) {
     const auto options = std::make_shared<RecordsOptions>();
-    command->add_option("class", options->recordClass, "One of them, with its elements")
+    command
+        ->add_option("class", options->recordClass,
+                     "One of them, with its elements and the lines of its text")
         ->check(OneOf(RecordClassNames(), "record class"))
         ->type_name("CLASS");
     command->add_flag("--json", options->json, "As JSON, with all elements");

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -207,6 +208,51 @@ TEST_P(RecordsOfClass, SayWhichTextsAreEncoded) {
     }
 }
 
+std::string Escaped(const std::string& label) {
+    return std::regex_replace(label, std::regex(R"([.*+?^$()|{}\[\]\\])"), R"(\$&)");
+}
+
+/// What a log text is by the description of its lines.
+std::string Pattern(const Json& lines) {
+    std::string all;
+    for (const Json& each : lines) {
+        const std::string label = Escaped(each.at("label"));
+        const std::string type = each.at("type");
+        const bool isBroken =
+            each.at("form").get<std::string>().find("without") == std::string::npos;
+        if (type == "record") {
+            all.append(label).append(Pattern(each.at("lines"))).append("\r\n");
+        } else if (type == "records") {
+            all.append("(").append(label).append(Pattern(each.at("lines"))).append(")*");
+        } else if (type == "texts") {
+            all.append("(").append(label).append(isBroken ? "[^\r\n]*\r\n)*" : "[^\r\n]*?)*");
+        } else {
+            const bool isNumber = type == "number";
+            const std::string value = isNumber         ? "-?\\d+"
+                                      : type == "flag" ? "(true|false)"
+                                                       : "[^\r\n]*";
+            all.append(label).append(value).append("\r\n");
+        }
+    }
+    return all;
+}
+
+TEST_P(RecordsOfClass, ListAllLinesOfItsTextInOrder) {
+    const std::string pattern = Pattern(Described().at("text"));
+    const std::string text = Contents(DataPath(GetParam() + "/full.txt"));
+    EXPECT_TRUE(std::regex_match(text, std::regex(pattern))) << pattern << "\n" << text;
+}
+
+/// The labels in quotes, those of records within a record included.
+void AddLabels(const Json& lines, std::vector<std::string>* labels) {
+    for (const Json& each : lines) {
+        labels->push_back('"' + each.at("label").get<std::string>() + '"');
+        if (each.contains("lines")) {
+            AddLabels(each.at("lines"), labels);
+        }
+    }
+}
+
 TEST_P(RecordsOfClass, AreATableToo) {
     const std::string text = Output({"records", GetParam()});
     const Json described = Described();
@@ -225,7 +271,8 @@ TEST_P(RecordsOfClass, AreATableToo) {
     }
     std::vector<std::string> listed;
     const std::vector<std::string> lines = Lines(text);
-    for (std::size_t at = 3; at < lines.size(); ++at) {
+    std::size_t at = 3;
+    for (; at < lines.size() && !lines[at].empty(); ++at) {
         const std::vector<std::string> words = Words(lines[at]);
         ASSERT_GE(words.size(), 3U) << lines[at];
         const bool isUnread = lines[at].find("written, never read") != std::string::npos;
@@ -234,6 +281,14 @@ TEST_P(RecordsOfClass, AreATableToo) {
                          (isUnwritten ? "-written" : ""));
     }
     EXPECT_EQ(listed, expected);
+    // And the lines of the log text.
+    std::vector<std::string> labels;
+    AddLabels(described.at("text"), &labels);
+    ASSERT_EQ(lines.size(), at + 2 + labels.size());
+    for (std::size_t line = 0; line < labels.size(); ++line) {
+        const std::string& shown = lines[at + 2 + line];
+        EXPECT_EQ(shown.find(labels[line]), shown.find('"')) << shown;
+    }
     EXPECT_EQ(text.find(" \n"), std::string::npos);
 }
 
@@ -285,6 +340,42 @@ TEST(Records, NameTheAnswersThatHoldLists) {
         const bool isList = each.at("class") == "DataImage" || each.at("class") == "DataIndex";
         EXPECT_EQ(each.contains("answer") && each.at("answer") != each.at("soapRecord"), isList);
     }
+}
+
+TEST(Records, TellOfLinesThatAreLikeNoOthers) {
+    const std::string album = Output({"records", "DataAlbum"});
+    const std::size_t types = album.find("\"nonDisplayableAlbumTypes \"");
+    ASSERT_NE(types, std::string::npos);
+    EXPECT_NE(album.find("without line breaks\n", types), std::string::npos);
+    EXPECT_NE(album.find("\n\"  types = \""), std::string::npos);
+    EXPECT_NE(Output({"records", "DataAlbumReview"}).find("\n\"Author= \""), std::string::npos);
+    const Json track = Json::parse(Output({"records", "DataTrackInfo", "--json"})).at("text");
+    EXPECT_EQ(track.at(0), track.at(1));  // the album's identifier, twice
+}
+
+/// The element's description in a class's.
+Json Element(const char* recordClass, const char* name) {
+    const Json elements = Json::parse(Output({"records", recordClass, "--json"})).at("elements");
+    const Json* const found = Find(elements, name);
+    return found == nullptr ? Json::object() : *found;
+}
+
+TEST(Records, TellWhenAnElementIsWritten) {
+    EXPECT_EQ(Element("DataImage", "Height").value("writtenIf", ""), "unless zero");
+    EXPECT_EQ(Element("DataStationLite", "FreeStation").value("writtenIf", ""), "if true");
+    EXPECT_EQ(Element("DataGenre", "ChildGenres").value("writtenIf", ""), "always");
+    EXPECT_FALSE(Element("DataAlbum", "Tracks").contains("writtenIf"));
+    EXPECT_NE(Output({"records", "DataImage"}).find("32 bits signed, unless zero\n"),
+              std::string::npos);
+}
+
+TEST(Records, TellOfAnotherFormWhenRead) {
+    EXPECT_EQ(Element("DataPlaylistLite", "CreatedDate").value("readForm", ""), "as it stands");
+    EXPECT_EQ(Element("DataAlbumReview", "PublishDate").value("readForm", ""), "as it stands");
+    EXPECT_EQ(Element("DataLibraryModificationResult", "Value").value("readForm", ""),
+              "as it stands, or decoded where it is marked");
+    EXPECT_FALSE(Element("DataPlaylistLite", "Name").contains("readForm"));
+    EXPECT_FALSE(Element("DataGenre", "ParentGenreCount").contains("readForm"));
 }
 
 TEST(Records, OfUnknownClassIsWrongUsage) {
