@@ -128,8 +128,13 @@ class ElementWriter {
     void Unsigned(RowName name, const unsigned long* value) { Decimal(name, value); }
     void DecimalString(RowName name, const int* value) { Decimal(name, value); }
     template <class Integer>
-    void Decimal(RowName name, const Integer* /*value*/) {
-        Page::Note(name, std::is_signed_v<Integer> ? Content::kNumber : Content::kUnsigned);
+    void Decimal(RowName name, const Integer* value) {
+        const bool isSigned = std::is_signed_v<Integer>;
+        ElementShape* const element =
+            Page::Note(name, isSigned ? Content::kNumber : Content::kUnsigned);
+        if (value != nullptr) {  // no pointer in the SOAP record, in which nothing is present
+            element->writtenIf = "always";
+        }
     }
     void Flag(RowName name, const bool* /*value*/) { Page::Note(name, Content::kFlag); }
     void FlagIfTrue(RowName name, bool /*value*/) {

@@ -364,6 +364,9 @@ TEST(Records, TellWhenAnElementIsWritten) {
     EXPECT_EQ(Element("DataImage", "Height").value("writtenIf", ""), "unless zero");
     EXPECT_EQ(Element("DataStationLite", "FreeStation").value("writtenIf", ""), "if true");
     EXPECT_EQ(Element("DataGenre", "ChildGenres").value("writtenIf", ""), "always");
+    EXPECT_EQ(Element("DataAccountProperties", "freePlaysAllowed").value("writtenIf", ""),
+              "always");
+    EXPECT_FALSE(Element("DataAccountProperties", "dateCreated").contains("writtenIf"));
     EXPECT_FALSE(Element("DataAlbum", "Tracks").contains("writtenIf"));
     EXPECT_NE(Output({"records", "DataImage"}).find("32 bits signed, unless zero\n"),
               std::string::npos);
