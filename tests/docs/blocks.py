@@ -1,160 +1,160 @@
 #!/usr/bin/env python3
-"""Runs what a page shows: its sessions, and its programs.
+"""Runs what pages show, and checks what cannot be run.
 
-    blocks.py --prefix PREFIX --work FOLDER [--cmake ARGUMENT]... PAGE...
+    blocks.py --source TREE --prefix PREFIX --work FOLDER [--cmake ARGUMENT]... PAGE...
 
-PREFIX holds the installed package, FOLDER is made anew. In a page,
+PREFIX holds the installed package, FOLDER is made anew. Of a page, each block has a kind:
 
-- a block "console" is a session: each line that begins with "$ " is typed into a shell, which goes on
-  through the page, in a clean folder; what follows up to the next one is what it has to print, on
-  standard output and standard error. A line "..." stands for any number of lines.
-- a block "cmake" is the end of a project's CMakeLists.txt; the blocks "cpp" are the sources of its target.
-  They have to compile and link.
+- console: a session. Each line that begins with "$ " is typed into a shell ("> ": goes on), which
+  goes on through the page; it begins in a clean folder with copies of tests/data and tools/catalog.
+  What follows a command is what it has to print, on standard output and standard error; a line
+  "..." stands for any number of lines. The port 8080 is a free one here.
+- cmake, cpp: a program, which has to build (programs.py).
+- sh: commands that are not run. What they name has to be there (commands.py).
+- gdb: commands that gdb takes without a word; or a transcript, which begins with "(gdb) " and is
+  compared where package.Debugger names the page.
+- xml, json: has to be well-formed.
+- text: an illustration, of which nothing is checked.
 
-Blocks of other kinds are not run. The port 8080 is a free one here.
+With "file=PATH" behind its kind, a block is a part of that file instead; a line "..." stands for any
+number of lines. Any other block is an error, and so is a link within the tree that leads nowhere,
+and a command in backquotes that is not there.
 """
 
 import argparse
-import os
+import collections
+import json
 import pathlib
 import re
 import shutil
-import socket
 import subprocess
 import sys
+import tempfile
+import xml.parsers.expat
 
-FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
-PORT = "8080"
-END = "-- end of the output --"
+sys.dont_write_bytecode = True
 
-
-def free_port():
-    with socket.socket() as listener:
-        listener.bind(("127.0.0.1", 0))
-        return str(listener.getsockname()[1])
-
-
-def blocks_of(page):
-    """Pairs of the kind and the text of each fenced block."""
-    return FENCE.findall(page.read_text(encoding="utf-8"))
+import commands  # noqa: E402
+import markdown  # noqa: E402
+import programs  # noqa: E402
+import sessions  # noqa: E402
 
 
-def commands_of(session):
-    """Pairs of a command and the lines that it prints."""
-    commands = []
-    for line in session.splitlines():
-        if line.startswith("$ "):
-            commands.append((line[2:], []))
-        elif commands and line.startswith("> "):
-            commands[-1] = (commands[-1][0] + "\n" + line[2:], commands[-1][1])
-        elif commands:
-            commands[-1][1].append(line)
+def check_xml(page, block):
+    try:
+        xml.parsers.expat.ParserCreate().Parse(block.text.strip(), True)
+    except xml.parsers.expat.ExpatError as error:
+        page.problem(block.line, error)
+
+
+def check_json(page, block):
+    try:
+        json.loads(block.text)
+    except ValueError as error:
+        page.problem(block.line, error)
+
+
+def check_gdb(page, block):
+    if block.text.startswith("(gdb) "):
+        debugger = (page.source / "tests/package/DebuggerTest.cmake").read_text(encoding="utf-8")
+        if page.name not in debugger:
+            page.problem(block.line, "package.Debugger does not compare this transcript")
+        return
+    with tempfile.NamedTemporaryFile("w", suffix=".gdb") as script:
+        script.write(block.text)
+        script.flush()
+        said = subprocess.run(["gdb", "-nx", "-batch", "-x", script.name], cwd=page.source,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
+    if said.returncode != 0 or said.stdout or said.stderr:
+        page.problem(block.line, f"gdb says:\n{said.stdout}{said.stderr}")
+
+
+def check_part(page, block):
+    """A block that shows a file."""
+    path = page.source / block.attributes.get("file", "")
+    if list(block.attributes) != ["file"] or not path.is_file():
+        page.problem(block.line, f"{block.attributes} is no file")
+        return
+    shown = ["...", *block.text.splitlines(), "..."]
+    if not sessions.is_as_shown(shown, path.read_text(encoding="utf-8").splitlines()):
+        page.problem(block.line, f"this is no part of {block.attributes['file']}")
+
+
+def leave(page, block):
+    """For what is run with the whole page, and for what needs no check."""
+
+
+KINDS = {"console": leave, "cmake": leave, "cpp": leave, "sh": commands.check_block,
+         "gdb": check_gdb, "xml": check_xml, "json": check_json, "text": leave}
+
+
+def check_blocks(page):
+    for block in page.blocks:
+        if block.attributes:
+            check_part(page, block)
+        elif block.kind in KINDS:
+            KINDS[block.kind](page, block)
         else:
-            raise SystemExit(f"a session begins with no command: {line}")
-    return commands
+            page.problem(block.line, f"no test knows blocks of the kind \"{block.kind}\"")
 
 
-def is_as_shown(shown, printed):
-    """Whether the lines that are printed are those that are shown, of which "..." stands for any."""
-    if not shown:
-        return not printed
-    if shown[0] == "...":
-        return any(is_as_shown(shown[1:], printed[at:]) for at in range(len(printed) + 1))
-    return bool(printed) and printed[0] == shown[0] and is_as_shown(shown[1:], printed[1:])
+def check_links(page):
+    """The number of links within the tree."""
+    links = [link for link in page.links() if not re.match(r"[a-z]+:", link)]
+    for link in links:
+        file, _, anchor = link.partition("#")
+        target = (page.path.parent / file).resolve() if file else page.path
+        if not target.exists() or page.source not in [target, *target.parents]:
+            page.problems.append(f"{page.name}: {link} leads nowhere")
+        elif anchor and anchor not in markdown.Page(target, page.source).anchors():
+            page.problems.append(f"{page.name}: {link} leads to no heading")
+    return len(links)
 
 
-class Shell:
-    """A shell in a clean folder, that finds the installed tool."""
-
-    def __init__(self, prefix, folder):
-        environment = dict(os.environ, LC_ALL="C.UTF-8", PATH=f"{prefix}/bin:{os.environ['PATH']}")
-        for name in ("COLUMNS", "NO_COLOR", "QUAVERA_PASSWORD"):
-            environment.pop(name, None)
-        self.process = subprocess.Popen(
-            ["bash", "--noprofile", "--norc"], cwd=folder, env=environment, stdin=subprocess.PIPE,
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-
-    def run(self, command):
-        """The lines that a command prints. A shell that stops to answer is ctest's to end."""
-        self.process.stdin.write(f"{command}\necho '{END}'\n".encode())
-        self.process.stdin.flush()
-        printed = ""
-        for line in self.process.stdout:
-            printed += line.decode()  # a log text's lines end in CR LF
-            if printed.endswith(END + "\n"):
-                return printed[: -len(END) - 1].replace("\r\n", "\n").splitlines()
-        raise SystemExit(f"the shell has ended at: {command}\n{printed}")
-
-    def end(self):
-        self.process.stdin.write(b"kill $(jobs -p) 2> /dev/null\n")
-        self.process.stdin.close()
-        self.process.wait()
+def tool_commands(prefix):
+    told = subprocess.run([prefix / "bin/quavera", "--help"], capture_output=True, text=True, check=True)
+    return re.findall(r"^  ([a-z]+) ", told.stdout, re.MULTILINE)
 
 
-def run_sessions(page, prefix, folder):
-    """The number of commands, and of those that print something else than the page shows."""
-    port = free_port()
-    shell = Shell(prefix, folder)
-    count = failures = 0
-    for kind, text in blocks_of(page):
-        if kind != "console":
-            continue
-        for command, shown in commands_of(text.replace(PORT, port)):
-            printed = shell.run(command)
-            count += 1
-            if not is_as_shown(shown, printed):
-                failures += 1
-                print(f"{page}: $ {command}\nshown:\n" + "\n".join(shown) + "\nprinted:\n" +
-                      "\n".join(printed))
-    shell.end()
-    return count, failures
-
-
-def build_program(page, prefix, folder, arguments):
-    """The number of sources of the page's program, which has to build."""
-    projects = [text for kind, text in blocks_of(page) if kind == "cmake"]
-    sources = [text for kind, text in blocks_of(page) if kind == "cpp"]
-    if not projects:
-        return 0
-    target = re.search(r"target_link_libraries\((\w+)", "".join(projects)).group(1)
-    names = [f"source{at}.cpp" for at in range(len(sources))]
-    project = folder / "project"
-    project.mkdir()
-    for name, text in zip(names, sources):
-        (project / name).write_text(text, encoding="utf-8")
-    find, link = projects[0].split("\n", 1)
-    (project / "CMakeLists.txt").write_text(
-        "cmake_minimum_required(VERSION 3.25)\nproject(Page CXX)\n" + find +
-        f"\nadd_library({target} SHARED {' '.join(names)})\n" + link +
-        "\n".join(projects[1:]), encoding="utf-8")
-    for command in (["cmake", "-S", project, "-B", project / "build",
-                     f"-DCMAKE_PREFIX_PATH={prefix}",
-                     "-DCMAKE_SHARED_LINKER_FLAGS=-Wl,--no-undefined", *arguments],
-                    ["cmake", "--build", project / "build"]):
-        made = subprocess.run(command, capture_output=True, text=True, check=False)
-        if made.returncode != 0:
-            raise SystemExit(f"{page}: its program does not build\n{made.stdout}{made.stderr}")
-    return len(sources)
+def check(pages, options):
+    """Counts of what there was to check."""
+    counts = collections.Counter(pages=len(pages))
+    kinds = collections.Counter(block.kind for page in pages for block in page.blocks)
+    known = tool_commands(options.prefix)
+    binaries = options.work / "bin"
+    counts["sources built"] = programs.build(pages, options.prefix, options.work / "programs",
+                                             binaries, options.cmake)
+    for page in pages:
+        check_blocks(page)
+        commands.check_prose(page, known)
+        counts["links"] += check_links(page)
+        if page.of_kind("console"):
+            folder = options.work / "sessions" / page.name
+            folder.mkdir(parents=True)
+            ran, compared = sessions.run(page, options.prefix, binaries, folder)
+            counts["commands"] += ran
+            counts["outputs"] += compared
+    counts["blocks"] = kinds.total()
+    print(", ".join(f"{count} {name}" for name, count in counts.items()))
+    print(", ".join(f"{count} {name}" for name, count in sorted(kinds.items())))
 
 
 def main():
     parser = argparse.ArgumentParser()
+    parser.add_argument("--source", required=True, type=pathlib.Path)
     parser.add_argument("--prefix", required=True, type=pathlib.Path)
     parser.add_argument("--work", required=True, type=pathlib.Path)
     parser.add_argument("--cmake", action="append", default=[])
     parser.add_argument("pages", nargs="+", type=pathlib.Path)
     options = parser.parse_args()
     shutil.rmtree(options.work, ignore_errors=True)
-    commands = failures = sources = 0
-    for page in options.pages:
-        folder = options.work / page.stem
-        (folder / "session").mkdir(parents=True)
-        count, failed = run_sessions(page, options.prefix, folder / "session")
-        commands += count
-        failures += failed
-        sources += build_program(page, options.prefix, folder, options.cmake)
-    print(f"{commands} commands, {failures} of which print something else; {sources} sources")
-    if failures or not commands or not sources:
+    options.source = options.source.resolve()
+    pages = [markdown.Page(path.resolve(), options.source) for path in options.pages]
+    check(pages, options)
+    problems = [problem for page in pages for problem in page.problems]
+    print("\n".join(problems))
+    if problems:
+        print(f"{len(problems)} problems")
         sys.exit(1)
 
 

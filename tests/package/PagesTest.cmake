@@ -1,5 +1,5 @@
-# Installs the build tree and does what the README shows a new user: in a clean folder, with that
-# output. See CMakeLists.txt for the variables.
+# Installs the build tree and does what the pages show a user: in a clean folder, with that output.
+# See CMakeLists.txt for the variables.
 
 cmake_minimum_required(VERSION 3.25)
 
@@ -9,9 +9,21 @@ set(prefix "${WORK_DIR}/installed")
 file(REMOVE_RECURSE "${WORK_DIR}")
 install_build_tree("${prefix}")
 
-run("what the README shows" python3 "${SOURCE_DIR}/tests/docs/blocks.py"
+# All pages there are.
+file(GLOB entries "${SOURCE_DIR}/*")
+list(FILTER entries EXCLUDE REGEX "/build[^/]*$")
+set(pages "")
+foreach(entry IN LISTS entries)
+    if(IS_DIRECTORY "${entry}")
+        file(GLOB_RECURSE found "${entry}/*.md")
+        list(APPEND pages ${found})
+    elseif(entry MATCHES "\\.md$")
+        list(APPEND pages "${entry}")
+    endif()
+endforeach()
+
+run("what the pages show" python3 "${SOURCE_DIR}/tests/docs/blocks.py" --source "${SOURCE_DIR}"
     --prefix "${prefix}" --work "${WORK_DIR}/pages"
     "--cmake=-DCMAKE_CXX_COMPILER=${CXX_COMPILER}" "--cmake=-DCMAKE_CXX_FLAGS=${CXX_FLAGS}"
-    "--cmake=-G${GENERATOR}"
-    "${SOURCE_DIR}/README.md")
+    "--cmake=-G${GENERATOR}" ${pages})
 message(STATUS "${output}")

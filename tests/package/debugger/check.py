@@ -20,7 +20,7 @@ def steps_of(path):
         lines = file.read().splitlines()
     if path.endswith(".md"):
         page = "\n".join(lines)
-        blocks = re.findall(r"^```text\n(\(gdb\) .*?)^```$", page, re.MULTILINE | re.DOTALL)
+        blocks = re.findall(r"^```gdb\n(\(gdb\) .*?)^```$", page, re.MULTILINE | re.DOTALL)
         lines = "".join(blocks).splitlines()
     steps = []
     for line in lines:
