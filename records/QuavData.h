@@ -16,8 +16,8 @@
 /// Narrow strings hold the bytes of an element's text, UTF-8 by convention; wide strings hold what
 /// a text in base64 and UTF-8 stands for, a character (UCS-4) in each place. Identifiers, codes,
 /// dates and stamps are the service's own: it alone knows their form, their range and their epoch.
-/// Copies and assignments take all fields; of a record that was moved from, every field still has
-/// some value.
+/// Copies and assignments take all fields. A record that was moved from is fit for all that a new
+/// one is for, but what its fields hold is open.
 ///
 /// Ownership: SOAP records and nodes are borrowed for the call; the node that a one-argument
 /// `ToXML` returns is the caller's, and with it the whole tree; fields are held by value.
