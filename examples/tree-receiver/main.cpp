@@ -1,5 +1,6 @@
 // Receives albums' trees on standard input, each ended by a zero byte, and lists their tracks.
 
+#include <cstddef>
 #include <iomanip>
 #include <iostream>
 #include <string>
@@ -11,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t kLongestTree = 4 * 1024 * 1024;  // whoever sends may be anybody
+constexpr std::size_t kLongestTree = std::size_t{4} * 1024 * 1024;  // whoever sends may be anybody
 
 void Print(const DataAlbum& album) {
     std::cout << convertToUtf8(album.name) << " (" << convertToUtf8(album.primaryArtistDisplayName)

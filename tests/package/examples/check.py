@@ -17,6 +17,7 @@ import shlex
 import socket
 import subprocess
 import sys
+import threading
 import xml.etree.ElementTree
 
 ALBUM = "Alb.40013100"
@@ -40,10 +41,11 @@ class Programs:
         self.folder = folder
         self.emulator = emulator
 
-    def run(self, name, *arguments, text=b""):
+    def run(self, name, *arguments, **standard_input):
         """The exit status, and what a program prints on standard output and standard error."""
-        made = subprocess.run([*self.emulator, self.folder / name, *arguments], input=text,
-                              capture_output=True, timeout=SECONDS, check=False)
+        made = subprocess.run([*self.emulator, self.folder / name, *arguments],
+                              **standard_input or {"input": b""}, capture_output=True,
+                              timeout=SECONDS, check=False)
         return made.returncode, made.stdout, made.stderr.decode()
 
 
@@ -61,6 +63,30 @@ class Service:
     def __exit__(self, *_):
         self.process.terminate()
         self.process.communicate()
+
+
+class Answer:
+    """A service that has the same bytes for whoever asks, once."""
+
+    def __init__(self, answer):
+        self.answer = answer
+
+    def __enter__(self):
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.listener.settimeout(SECONDS)
+        self.thread = threading.Thread(target=self.serve)
+        self.thread.start()
+        return f"http://127.0.0.1:{self.listener.getsockname()[1]}"
+
+    def serve(self):
+        connection, _ = self.listener.accept()
+        with connection:
+            connection.recv(65536)
+            connection.sendall(self.answer)
+
+    def __exit__(self, *_):
+        self.thread.join()
+        self.listener.close()
 
 
 def listing_of(document):
@@ -90,7 +116,23 @@ def check_client(programs, tool, catalog):
           (1, b"", f"soap-client: {endpoint}: {ALBUM}: Connection refused\n"),
           programs.run("soap-client", endpoint, ALBUM))
     check("from the service to the listing", (0, listing_of(document) * 2, ""),
-          programs.run("tree-receiver", text=tree * 2))
+          programs.run("tree-receiver", input=tree * 2))
+
+
+def check_other_services(programs):
+    """What is no SOAP service of ours is told in words, on one line."""
+    head = b"HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nConnection: close\r\n\r\n"
+    envelope = (b'<E:Envelope xmlns:E="http://schemas.xmlsoap.org/soap/envelope/"><E:Body>'
+                b"%b</E:Body></E:Envelope>")
+    for what, answer in (("nothing", b""), ("another record", head + envelope % b"<Concert/>"),
+                         ("no envelope", head + b"<Album/>"),
+                         ("no such page", b"HTTP/1.1 404 Not Found\r\n\r\n")):
+        with Answer(answer) as endpoint:
+            status, printed, error = programs.run("soap-client", endpoint, ALBUM)
+        check(f"{what} ({error.strip()})", (1, b"", 1, True, False),
+              (status, printed, error.count("\n"),
+               error.startswith(f"soap-client: {endpoint}: {ALBUM}: "),
+               error.endswith(": \n") or "no reason" in error))
 
 
 def check_client_usage(programs):
@@ -103,20 +145,22 @@ def check_client_usage(programs):
 def check_receiver(programs, data):
     full = (data / "DataAlbum" / "full.tree.xml").read_bytes()
     printed = listing_of(data / "DataAlbum" / "full.xml")
-    check("an album", (0, printed, ""), programs.run("tree-receiver", text=full))
+    check("an album", (0, printed, ""), programs.run("tree-receiver", input=full))
     check("nothing", (0, b"", ""), programs.run("tree-receiver"))
     for what, tree, message in (
             ("another record", (data / "DataTrackInfo" / "full.tree.xml").read_bytes(),
              'the root is "Track", but DataAlbum reads "Album"'),
             ("not well-formed", (data / "bad" / "mismatched-tag.tree.xml").read_bytes(),
              "mismatched tag")):
-        found = programs.run("tree-receiver", text=tree + b"\0" + full)
+        found = programs.run("tree-receiver", input=tree + b"\0" + full)
         check(what, (1, printed, True), (*found[:2], message in found[2]))
     longest = b"<Album>".ljust(LONGEST_TREE - len(b"</Album>")) + b"</Album>"
-    check("the longest tree", (0, b" (, 0)\n", ""), programs.run("tree-receiver", text=longest))
-    check("a longer one",
-          (1, b"", f"tree-receiver: unreadable, or a tree of more than {LONGEST_TREE} bytes\n"),
-          programs.run("tree-receiver", text=b" " + longest))
+    check("the longest tree", (0, b" (, 0)\n", ""), programs.run("tree-receiver", input=longest))
+    refused = (1, b"", f"tree-receiver: unreadable, or a tree of more than {LONGEST_TREE} bytes\n")
+    check("a longer one", refused, programs.run("tree-receiver", input=b" " + longest))
+    folder = os.open(data, os.O_RDONLY)
+    check("what cannot be read", refused, programs.run("tree-receiver", stdin=folder))
+    os.close(folder)
 
 
 def check_log_reader(programs, data):
@@ -154,9 +198,9 @@ def check_log_reader(programs, data):
 def check_platform(programs, data):
     track = data / "DataTrackInfo"
     check("a track", (0, (track / "full.txt").read_bytes(), ""),
-          programs.run("track-text", text=(track / "bare.xml").read_bytes()))
+          programs.run("track-text", input=(track / "bare.xml").read_bytes()))
     for text in (b"", b"no record"):
-        status, printed, error = programs.run("track-text", text=text)
+        status, printed, error = programs.run("track-text", input=text)
         check("no track", (1, b"", True, 1),
               (status, printed, error.startswith("track-text: "), error.count("\n")))
 
@@ -202,6 +246,7 @@ def main():
     check_platform(programs, data)
     if not options.only_platform:
         check_client_usage(programs)
+        check_other_services(programs)
         check_receiver(programs, data)
         check_log_reader(programs, data)
         if options.tool:

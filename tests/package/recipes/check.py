@@ -176,7 +176,7 @@ def check_options(project, recipe):
         on, off = definitions(fields[0]), definitions(fields[1])
         check(f"{name}: both states are one", on != off)
         check(f"{name}: left as it was in one state", set(off) <= set(on))
-    same("conflict", "tool", states["external-platform"][5])
+    same("conflict", ["tool"], states["external-platform"][5:])
     tool, platform = states["tool"], states["external-platform"]
     for name, parts in (("yocto", (tool[1], platform[1])), ("yocto-tool", (tool[0], platform[1])),
                         ("yocto-external", (tool[1], platform[0]))):
@@ -257,7 +257,8 @@ def check_package_info(project, conanfile, with_soap):
         for folder in info.includedirs:
             check(f"{name}: no such folder: {folder}", (project.root / "usr" / folder).is_dir())
         for flag in info.exelinkflags:
-            check(f"{name}: another flag: {flag}", flag.removeprefix("-Wl,") in pkg_config)
+            check(f"{name}: another flag: {flag}",
+                  re.search(re.escape(flag.removeprefix("-Wl,")) + r"\b", pkg_config))
         for needed in info.requires:
             owner, _, component = needed.rpartition("::")
             required |= {owner} - {""}
@@ -322,6 +323,10 @@ def check_conan(project):
     for path in run("git", "-C", project.source, "ls-files", "base", "cmake", "common", "platform",
                     "records", "soap", "tools").split():
         check(f"not exported: {path}", (exported / path).is_file())
+    for script in (project.work / "conan").rglob("cmake_install.cmake"):
+        for path in re.findall(rf'"({re.escape(str(exported))}/[^"]+)"',
+                               script.read_text(encoding="utf-8")):
+            check(f"not exported: {path}", pathlib.Path(path).is_file())
 
     load_conanfile(folder / "test_package" / "conanfile.py")
     text = (folder / "test_package" / "CMakeLists.txt").read_text(encoding="utf-8")
