@@ -21,6 +21,7 @@ import threading
 import xml.etree.ElementTree
 
 ALBUM = "Alb.40013100"
+RECORD = ".//{urn:quavera:v2}AlbumMetadata"
 SECONDS = 120  # for a program, and for all that the server is needed for
 LONGEST_TREE = 4 * 1024 * 1024  # that the receiver takes
 
@@ -91,7 +92,7 @@ class Answer:
 
 def listing_of(document):
     """What the receiver prints of an album, by the service's document."""
-    album = xml.etree.ElementTree.parse(document).find(".//{urn:quavera:v2}AlbumMetadata")
+    album = xml.etree.ElementTree.parse(document).find(RECORD)
     lines = [f"{album.findtext('name')} ({album.findtext('primaryArtistDisplayName')}, "
              f"{album.findtext('releaseYear')})"]
     for track in album.find("tracks"):
@@ -196,13 +197,13 @@ def check_log_reader(programs, data):
 
 
 def check_platform(programs, data):
-    track = data / "DataTrackInfo"
-    check("a track", (0, (track / "full.txt").read_bytes(), ""),
-          programs.run("track-text", input=(track / "bare.xml").read_bytes()))
+    record = xml.etree.ElementTree.parse(data / "DataAlbum" / "full.xml").find(RECORD)
+    check("an album's text", (0, (data / "DataAlbum" / "full.txt").read_bytes(), ""),
+          programs.run("album-text", input=xml.etree.ElementTree.tostring(record)))
     for text in (b"", b"no record"):
-        status, printed, error = programs.run("track-text", input=text)
-        check("no track", (1, b"", True, 1),
-              (status, printed, error.startswith("track-text: "), error.count("\n")))
+        status, printed, error = programs.run("album-text", input=text)
+        check("no album", (1, b"", True, 1),
+              (status, printed, error.startswith("album-text: "), error.count("\n")))
 
 
 def free_port():
