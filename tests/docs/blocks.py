@@ -9,7 +9,7 @@ PREFIX holds the installed package, FOLDER is made anew. Of a page, each block h
   goes on through the page; it begins in a clean folder with copies of tests/data and tools/catalog.
   What follows a command is what it has to print, on standard output and standard error; a line
   "..." stands for any number of lines. The port 8080 is a free one here.
-- cmake, cpp: a program, which has to build (programs.py).
+- cmake, cpp: a program, which has to build, and with a main function to run (programs.py).
 - sh: commands that are not run. What they name has to be there (commands.py).
 - gdb: commands that gdb takes without a word; or a transcript, which begins with "(gdb) " and is
   compared where package.Debugger names the page.
@@ -124,6 +124,7 @@ def check(pages, options):
     binaries = options.work / "bin"
     counts["sources built"] = programs.build(pages, options.prefix, options.work / "programs",
                                              binaries, options.cmake)
+    programs.run(pages, binaries)
     for page in pages:
         check_blocks(page)
         commands.check_prose(page, known)

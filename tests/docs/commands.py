@@ -9,7 +9,9 @@ import shutil
 import subprocess
 
 WORDS_OF_SHELL = {"for", "do", "done", "in", "if", "then", "fi", "while"}
-ELSEWHERE = {"qemu-arm"}  # programs that ./run installs for some of its commands only
+BUILT_INTO_SHELLS = {"cd", "export"}
+# Programs of other machines, or that ./run installs for some of its commands only.
+ELSEWHERE = {"bitbake", "bitbake-layers", "conan", "qemu-arm"}
 OPTION = re.compile(r"-D([A-Za-z_]+)")
 
 
@@ -49,7 +51,7 @@ def is_built(source, path):
 
 
 def is_program(source, name):
-    return name in ELSEWHERE or shutil.which(name) or (source / name).is_file()
+    return name in ELSEWHERE | BUILT_INTO_SHELLS or shutil.which(name) or (source / name).is_file()
 
 
 def wrong_path(source, word):
@@ -73,9 +75,11 @@ def wrong_words(source, words):
     wrong = []
     if program == "quavera":
         wrong.append("a command of the tool belongs in a block \"console\"")
+    elif program.startswith("build/") and not is_built(source, program):
+        wrong.append(f"{program} is nothing that the build makes")
     elif not program.startswith("build/") and not is_program(source, program):
         wrong.append(f"there is no program {program}")
-    for before, word in zip(["", *words], words):
+    for before, word in zip(words, words[1:]):
         option = OPTION.match(word)
         if program == "cmake" and option and not is_option(source, option[1]):
             wrong.append(f"the build has no option {option[1]}")

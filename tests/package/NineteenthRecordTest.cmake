@@ -72,3 +72,15 @@ tells("Name +text +base64 of UTF-8\nTrackId +text +as it stands\nTrackIndex +num
 set(json "{\"Name\":\"Über den Wolken – 夜\",\"TrackId\":\"Tra.1901\",\"TrackIndex\":19}")
 tells("${json}" show --json --record ${class} "${samples}/full.xml")
 tells("${json}" text --json "${samples}/full.tree.xml")
+
+# Its page is made of the same.
+run("pages" python3 "${copy}/docs/pages.py" --tool "${build_dir}/tools/quavera" records)
+file(READ "${copy}/docs/records/${class}.md" page)
+file(READ "${samples}/full.txt" text)
+string(REPLACE "\r\n" "\n" text "${text}")
+foreach(part IN ITEMS "| `TrackIndex` | number |" "`\"trackIndex = \"`" "${text}")
+    string(FIND "${page}" "${part}" position)
+    if(position EQUAL -1)
+        fail("the record's page lacks ${part}:\n${page}")
+    endif()
+endforeach()

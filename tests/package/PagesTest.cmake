@@ -22,8 +22,14 @@ foreach(entry IN LISTS entries)
     endif()
 endforeach()
 
-run("what the pages show" python3 "${SOURCE_DIR}/tests/docs/blocks.py" --source "${SOURCE_DIR}"
-    --prefix "${prefix}" --work "${WORK_DIR}/pages"
-    "--cmake=-DCMAKE_CXX_COMPILER=${CXX_COMPILER}" "--cmake=-DCMAKE_CXX_FLAGS=${CXX_FLAGS}"
-    "--cmake=-G${GENERATOR}" ${pages})
-message(STATUS "${output}")
+# do_blocks(<what> <script> <folder> <page>...): what it prints in `output`.
+function(do_blocks what script folder)
+    run("${what}" python3 "${SOURCE_DIR}/tests/docs/${script}" --source "${SOURCE_DIR}"
+        --prefix "${prefix}" --work "${WORK_DIR}/${folder}"
+        "--cmake=-DCMAKE_CXX_COMPILER=${CXX_COMPILER}" "--cmake=-DCMAKE_CXX_FLAGS=${CXX_FLAGS}"
+        "--cmake=-G${GENERATOR}" ${ARGN})
+    message(STATUS "${output}")
+endfunction()
+
+do_blocks("what the pages show" blocks.py pages ${pages})
+do_blocks("what broken pages show" broken_pages.py broken)
