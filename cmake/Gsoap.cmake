@@ -26,12 +26,16 @@ function(quavera_soapcpp2 input)
     list(TRANSFORM arg_OUTPUTS PREPEND "${arg_OUTPUT_DIR}/")
     file(MAKE_DIRECTORY "${arg_OUTPUT_DIR}")
     set(log "${CMAKE_CURRENT_BINARY_DIR}/${input}.log")
-    # The input's path is written into the generated headers, which get installed: it has to be
-    # relative. soapcpp2 has no quiet mode, so its output goes to a log that only a failure shows.
+    # Both paths are written into the generated files, which get installed and tell a debugger where
+    # they are from: relative ones, or two builds of the same sources would differ by their places.
+    # soapcpp2 has no quiet mode, so its output goes to a log that only a failure shows.
+    file(REAL_PATH "${CMAKE_CURRENT_SOURCE_DIR}" source_dir)
+    file(REAL_PATH "${arg_OUTPUT_DIR}" output_dir)
+    file(RELATIVE_PATH output_dir "${source_dir}" "${output_dir}")
     add_custom_command(
         OUTPUT ${arg_OUTPUTS}
         COMMAND sh -c "\"$@\" > \"$0\" 2>&1 || { cat \"$0\" >&2; exit 1; }" "${log}"
-                "${GSOAP_SOAPCPP2}" -c++11 -L -x ${arg_OPTIONS} "-d${arg_OUTPUT_DIR}" ${input}
+                "${GSOAP_SOAPCPP2}" -c++11 -L -x ${arg_OPTIONS} "-d${output_dir}" ${input}
         DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${input}"
         WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
         COMMENT "Generating SOAP code from ${input}"
