@@ -29,7 +29,7 @@ class QuaveraConan(ConanFile):
 
     def export_sources(self):
         root = os.path.join(self.recipe_folder, "..", "..")
-        for pattern in ("CMakeLists.txt", "LICENSE", "base/*", "cmake/*", "common/*", "docs/quavera.1",
+        for pattern in ("CMakeLists.txt", "LICENSE", "base/*", "cmake/*", "common/*", "docs/*",
                         "packaging/*", "platform/*", "records/*", "soap/*", "tools/*"):
             copy(self, pattern, root, self.export_sources_folder)
 
