@@ -6,7 +6,8 @@
 PREFIX holds the installed package, FOLDER is made anew. Of a page, each block has a kind:
 
 - console: a session. Each line that begins with "$ " is typed into a shell ("> ": goes on), which
-  goes on through the page; it begins in a clean folder with copies of tests/data and tools/catalog.
+  goes on through the page; it begins in a clean folder with copies of tests/data and tools/catalog,
+  where `./run demo` runs the installed tool.
   What follows a command is what it has to print, on standard output and standard error; a line
   "..." stands for any number of lines. The port 8080 is a free one here.
 - cmake, cpp: a program, which has to build, and with a main function to run (programs.py).

@@ -9,6 +9,13 @@ PORT = "8080"
 END = "-- end of the output --"
 SAMPLES = ["tests/data", "tools/catalog"]  # of the source tree, which a session begins in
 
+# In place of the project's: the tool is built and installed by now.
+RUN = """#!/bin/sh
+[ "$*" = demo ] && exec quavera demo
+echo "run: of its commands, a session has demo only" >&2
+exit 2
+"""
+
 
 def free_port():
     with socket.socket() as listener:
@@ -73,6 +80,9 @@ def run(page, prefix, programs, folder):
     """The number of commands, and of outputs that the page shows. Differences are its problems."""
     for name in SAMPLES:
         shutil.copytree(page.source / name, folder / name)
+    own_run = folder / "run"
+    own_run.write_text(RUN)
+    own_run.chmod(0o755)
     port = free_port()
     shell = Shell(prefix, programs, folder)
     commands = outputs = 0
