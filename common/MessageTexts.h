@@ -4,12 +4,12 @@
 /// @file
 /// The texts of the messages, as constants.
 
-/// The texts of the messages in `common/QuaveraCommon.h`, "{0}" for the service's name. Constants
-/// of the compiler: they are there before any object is, so that a message can be had by the
-/// initialisers of a program that the library is linked into.
+/// The texts of the messages in `common/QuaveraCommon.h`, with "{0}" for the service's name, and
+/// the brandings' names. They are compile-time constants, there before any object is made: so the
+/// initialisers of a program can ask for messages, too.
 namespace quavera::texts {
 
-/// What `QuavErrorToString` makes the message of the `QuavResult` of this name from. ASCII.
+/// The text of which `QuavErrorToString` makes the message of the `QuavResult` of this name. ASCII.
 ///@{
 inline constexpr char kSuccess[] = "Success";
 inline constexpr char kEndOfTrack[] = "End of track reached.";

@@ -15,8 +15,8 @@
 /// includes the header of its topic instead, and saves their copies.
 
 /// The text of this name in `quavera::texts`, with "{0}" for the service's name: a message that
-/// users see. Each source file that includes this header has its own copies (the order is part of
-/// the interface), which are there once its initialisers have run.
+/// users see. Each source file that includes this header has copies of its own (their order is part
+/// of the interface), which are there once the initialisers of that file have run.
 ///@{
 static const std::string kMessageSuccess = quavera::texts::kSuccess;
 static const std::string kMessageEndOfTrack = quavera::texts::kEndOfTrack;
@@ -38,7 +38,8 @@ static const std::string kMessageNetworkError = quavera::texts::kNetworkError;
 static const std::string kMessageOffLine = quavera::texts::kOffLine;
 static const std::string kMessageAccountInUse = quavera::texts::kAccountInUse;
 ///@}
-/// The format of the service's audio streams; for callers, no function here uses it.
+/// The name of the format of the service's audio streams. It is for callers: no function here uses
+/// it.
 static const std::string kAudioStreamFormat = "MP3";
 /// The text of this name in `quavera::texts`: what a branding is called.
 ///@{

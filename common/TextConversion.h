@@ -11,8 +11,8 @@
 /// (display texts inside a tree) and two hexadecimal digits (a single letter inside a tree).
 ///
 /// All functions are stateless and reentrant. None reports an error: a failure shows in the result,
-/// as each function states. Results are the caller's. Failed allocations throw `std::bad_alloc`,
-/// but where a function states what takes their place.
+/// as each function states. Results are the caller's. A failed allocation throws `std::bad_alloc`,
+/// unless a function states what it gives instead.
 
 /// The wide string of a UTF-8 text.
 ///
@@ -22,6 +22,8 @@
 /// - A text with a zero byte is cut there, if it is valid to its end.
 /// - An invalid or cut sequence gives the characters ahead of it, then zero characters up to four
 ///   times the *byte* length of `text`: the result is not trimmed, so that a failure can be told.
+/// - A text with a zero byte, or that is no strict UTF-8, takes the C library's converter: where
+///   that finds no memory, all of the result may be zero characters, as many.
 QUAVERA_API std::wstring convertFromUtf8(std::string text);
 
 /// A wide string in the character set that the C library's converter knows by the name `codePage`
@@ -34,7 +36,8 @@ QUAVERA_API std::wstring convertFromUtf8(std::string text);
 ///   ahead of it, then zero bytes up to four times the number of characters of `text`, untrimmed.
 ///   So does a result of more than four bytes per character in all. Tag characters (U+E0000 to
 ///   U+E007F) are an exception: sets that lack them drop them.
-/// - An unknown set gives four zero bytes for each character of `text`.
+/// - An unknown set gives four zero bytes for each character of `text`. So may any set, where the
+///   converter finds no memory.
 QUAVERA_API std::string convertToCodePage(std::string codePage, std::wstring text);
 
 /// `convertToCodePage` with "UTF-8".
@@ -63,8 +66,8 @@ QUAVERA_API std::wstring DecodeAndConvertFromUtf8(std::string text);
 QUAVERA_API std::string CharToHexString(char character);
 
 /// The character whose code the first one or two hexadecimal digits of `text` give, in either
-/// case, after any white space: the way back from `CharToHexString`. What follows is ignored.
-/// Text without a digit there gives 0, and so does a signed one.
+/// case, after any ASCII white space: the way back from `CharToHexString`. What follows is ignored.
+/// Text without a digit there gives 0, signed numbers included.
 QUAVERA_API char HexStringToChar(const std::string& text);
 
 #endif  // QUAVERA_COMMON_TEXT_CONVERSION_H_
