@@ -6,8 +6,8 @@
 
 namespace zq {
 
-/// Owning pointer to a reference-counted object: holds one reference or none, and gives the one
-/// that it holds back through `Release()` when it is destroyed. Nothing here throws.
+/// Owning pointer to a reference-counted object: holds one reference or none, and gives it back
+/// through `Release()` when it is destroyed. Nothing here throws, and neither may `Release()`.
 template <class T>
 class auto_com {
  public:
@@ -39,7 +39,7 @@ class auto_com {
 
     /// The object, borrowed for as long as this holds it; null when there is none.
     T* get() const noexcept { return object_; }
-    /// The same, to be called where there is an object only.
+    /// The same, for use only where there is one.
     T* operator->() const noexcept { return object_; }
     /// Whether there is one.
     explicit operator bool() const noexcept { return object_ != nullptr; }

@@ -8,9 +8,10 @@
 
 /// Base64 as in RFC 4648, section 4: the standard alphabet, "=" padding, no line breaks.
 ///
-/// The codec keeps nothing between calls; an object serves any number of them. All lengths are in
-/// bytes. Nothing is written beyond a stated capacity, and no terminator is added. Texts and data
-/// are borrowed for the call, and only empty ones may be null. Nothing allocates or throws.
+/// The codec keeps nothing between calls; an object serves any number of them, on any threads. All
+/// lengths are in bytes. Nothing is written beyond a stated capacity, and no terminator is added.
+/// Texts and data are borrowed for the call, and only empty ones may be null; pointers to lengths
+/// may not. Nothing allocates or throws.
 class ZQ_API Base64Encoder {
  public:
     /// The number of characters that `Encode` makes of `length` bytes: 4 for each 3 bytes begun.
@@ -30,9 +31,9 @@ class ZQ_API Base64Encoder {
     /// ASCII white space is skipped anywhere; the unused bits of the last character are ignored.
     /// `*dataLength` is the capacity of `data` on entry and the number of bytes produced on return.
     /// Returns nonzero on success; after the bytes produced, zeros may be written up to the
-    /// capacity. Returns 0, with `*dataLength` 0 and the contents of `data`
-    /// undefined up to its capacity, for a character outside the alphabet, missing, misplaced or
-    /// surplus padding, a negative length, or when the capacity is too small.
+    /// capacity. Returns 0, with `*dataLength` 0 and the contents of `data` undefined up to its
+    /// capacity, for a character outside the alphabet, missing, misplaced or surplus padding, a
+    /// negative length, or when the capacity is too small.
     int Decode(const char* text, long length, char* data, long* dataLength) const;
 };
 

@@ -10,7 +10,8 @@
 
 namespace zq {
 
-/// The calling thread's stack at the moment of construction. Copyable; allocates nothing itself.
+/// The calling thread's stack at the moment of construction. Copyable; allocates nothing itself,
+/// though the C library may for the first one of a process.
 class ZQ_API StackTrace {
  public:
     /// The most addresses that are captured.
@@ -39,7 +40,8 @@ class ZQ_API StackTrace {
 using AssertHandler = void (*)(const char* path, int line, const StackTrace& trace);
 
 /// Installs `handler` for the whole process and returns the previous one; null puts the default
-/// handler back, which writes path, line and trace to standard error. May be called on any thread.
+/// handler back, which writes path (400 bytes of it at most), line and trace to standard error. May
+/// be called on any thread.
 ZQ_API AssertHandler SetAssertHandler(AssertHandler handler);
 
 /// Reports to the installed handler that something happened that cannot happen. Returns: execution

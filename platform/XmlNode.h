@@ -23,7 +23,7 @@ namespace ZQXML {
 
 class INode;
 
-/// A new node without name, text or children; the result holds its only reference.
+/// A new node without name, text or children, never null; the result holds its only reference.
 ZQ_API zq::auto_com<INode> CreateXmlNode();
 
 /// What the text of an element is, as a `NodeView` shows it.
@@ -35,14 +35,14 @@ enum class TextForm : unsigned int {
     kUnseen,  ///< neither name nor text are shown: ask the node for what is needed
 };
 
-/// What is seen of a node without a copy, as long as neither it nor its tree changes.
+/// What a node shows of itself without copies, valid as long as neither it nor its tree changes.
 /// An array of these takes no initialisation.
 struct NodeView {
     /// The element's name; not of an unseen node.
     std::string_view Name() const { return {nameData, nameSize}; }
     /// Text or bytes; not of a number or an unseen node.
     std::string_view Text() const { return {textData, textSize}; }
-    /// Of a number only.
+    /// The number, where the form says that there is one.
     int Number() const { return static_cast<int>(static_cast<unsigned int>(textSize)); }
 
     INode* node;           ///< the node itself, borrowed
@@ -62,7 +62,8 @@ class ZQ_API INodeList {
  public:
     /// The first child, or null when there is none. Borrowed. Starts a walk.
     virtual INode* First() = 0;
-    /// The child after the one returned last, or null at the end. Borrowed.
+    /// The child after the one returned last, or null at the end, where it stays, and ahead of
+    /// `First`. Borrowed.
     virtual INode* Next() = 0;
 
     /// `First` and `Next` for several children at once: shows the next ones of the walk, at least
@@ -107,7 +108,8 @@ class ZQ_API INode {
     /// Makes `child`, with its subtree, the last child; the tree takes a reference of its own.
     ///
     /// Does nothing when `child` is null, has a parent already, is this node or one of its
-    /// ancestors: a tree stays a tree. Of a node of another implementation a copy is attached.
+    /// ancestors: a tree stays a tree. Of a node of another implementation a copy is attached, for
+    /// which the child lists of its subtree are walked.
     virtual void AppendChild(INode* child) = 0;
     /// Adds a last child with this name and text; a null text counts as empty.
     virtual void AddChild(const std::string& name, const char* text) = 0;
@@ -120,7 +122,8 @@ class ZQ_API INode {
     virtual void AddChild(const std::string& name, unsigned long value) = 0;
     /// Adds a last child whose text is "true" (`TRUE_STRING`) or "false".
     virtual void AddChild(const std::string& name, bool value) = 0;
-    /// Adds a last child for a text that is base64 already, and marks it as encoded.
+    /// Adds a last child for a text that is base64 already, and marks it as encoded. The text is
+    /// not looked at.
     virtual void AddChildEncoded(const std::string& name, const std::string& text) = 0;
     /// The decoded bytes of an element marked as encoded (empty where its text is no base64); of
     /// any other the text as it stands.
@@ -132,6 +135,7 @@ class ZQ_API INode {
     virtual void Initialize(const std::string& name, const std::string& text) = 0;
     /// Gives one reference back. The node goes with its last reference, unless it has a parent.
     /// Does nothing where no reference is held, so that releasing a borrowed child is harmless.
+    /// Must not throw: destructors call it.
     virtual void Release() = 0;
 
     /// Takes one more reference, which keeps this node and its subtree usable after the rest of
@@ -155,8 +159,8 @@ class ZQ_API INode {
     virtual void AddEncoded(std::string_view name, std::string_view bytes);
     ///@}
     /// A new node of that name, without text, that is meant to become part of this node's tree and
-    /// may share memory with it. Like the result of `CreateXmlNode`, it is still to be appended,
-    /// and the caller's until then. The default body makes one that shares nothing.
+    /// may share memory with it. As with `CreateXmlNode`, the result holds its only reference, and
+    /// the node is still to be appended. The default body makes one that shares nothing.
     virtual zq::auto_com<INode> CreateNode(std::string_view name);
 
  protected:
