@@ -8,12 +8,12 @@
 #include "records/QuavData.h"
 #include "records/SoapRecords.h"
 
-/// What the service reports of a member's account. The numbers are the service's own; dates have an
-/// epoch that only the service knows.
+/// What the service reports of a member's account; the library only carries it.
 ///
 /// Element: "AccountProperties". `FromXML` expects the *parent* of that element, and reads the
 /// first. Deliberate deviations: element names are in lower camel case; every number is written as
-/// a plain text; the three plain numbers are always written; `lastName` is read, as it stands, but
+/// a plain text, and those that a SOAP record cannot leave out (`freePlaysAllowed`,
+/// `freePlaysRemaining`, `freeTrialTimeLeftInMillis`) always; `lastName` is read, as it stands, but
 /// neither written nor printed.
 class QUAVERA_API DataAccountProperties : public QuavData {
  public:
@@ -39,8 +39,8 @@ class QUAVERA_API DataAccountProperties : public QuavData {
     std::wstring firstName;                       ///< first name
     int freePlaysAllowed = 0;                     ///< number of free plays granted
     int freePlaysRemaining = 0;                   ///< number of free plays left
-    std::uint64_t freeTrialTimeLeftInMillis = 0;  ///< in milliseconds; the low 32 bits are used
-    std::string lastName;                         ///< the element's text as it stands
+    std::uint64_t freeTrialTimeLeftInMillis = 0;  ///< in milliseconds; the low 32 bits travel
+    std::string lastName;                         ///< last name, as the element has it
     std::uint32_t quavera25MonthReset = 0;        ///< the service's monthly reset value
     std::uint32_t trialTerminationDate = 0;       ///< the service's date of the trial's end
     std::wstring userName;                        ///< the member's user name

@@ -9,13 +9,13 @@
 #include "records/QuavData.h"
 #include "records/SoapRecords.h"
 
-/// An album's summary, as lists, artist pages and libraries carry it; the base of `DataAlbum`.
+/// An album's summary, as lists and artist pages carry it; the base of `DataAlbum`.
 ///
 /// Element: "Album". `FromXML` expects that element itself.
 /// Deliberate deviations: the display texts are held twice, as UTF-8 from a SOAP record and as wide
 /// text from a tree, and no operation goes from one to the other: a record made from SOAP prints
-/// empty names, and one read from a tree writes empty names. Albums compare by `releaseYear` alone,
-/// newest first.
+/// empty names, and one read from a tree writes empty names. In the log text each displayable type
+/// has a line "  types = ". Albums compare by `releaseYear` alone, newest first.
 class QUAVERA_API DataAlbumLite : public QuavData {
  public:
     DataAlbumLite();
@@ -44,17 +44,17 @@ class QUAVERA_API DataAlbumLite : public QuavData {
     bool compilation = false;                  ///< whether the album is a compilation
     std::wstring displayName;                  ///< title for display, from a tree
     std::string displayNameUtf8;               ///< title for display, from a SOAP record
-    std::wstring name;                         ///< title, from a tree
-    std::string nameUtf8;                      ///< title, from a SOAP record
+    std::wstring name;                         ///< the album's name, from a tree
+    std::string nameUtf8;                      ///< the album's name, from a SOAP record
     bool parentalAuthority = false;            ///< the service's flag of that name
     std::wstring primaryArtistDisplayName;     ///< the main artist's name, from a tree
     std::string primaryArtistDisplayNameUtf8;  ///< the main artist's name, from a SOAP record
     std::string primaryArtistId;               ///< the service's identifier of the main artist
     std::string primaryStyle;                  ///< name of the main style
-    int releaseYear = 0;                       ///< what albums compare by
-    std::uint64_t reserved64;  ///< carried by copies only, and without a value until then
+    int releaseYear = 0;                       ///< year of release, which albums compare by
+    std::uint64_t reserved64;  ///< copied, else untouched; no value until it is given one
     std::string shortcut;      ///< the service's short text key of the album
-    std::vector<std::string> displayableAlbumTypes;  ///< types to be shown under, as texts
+    std::vector<std::string> displayableAlbumTypes;  ///< types that it may be shown under
 };
 
 /// Whether the albums are of the same year; nothing else is compared.

@@ -40,7 +40,7 @@ class QUAVERA_API DataAlbumReview {
     int blurbSize = 0;        ///< length of `blurb` as the service states it
     std::wstring detail;      ///< full text of the review
     int detailSize = 0;       ///< length of `detail` as the service states it
-    std::string publishDate;  ///< the element's text, the service's date in decimal
+    std::string publishDate;  ///< date of publication: the element's text, as a rule decimal
     std::wstring title;       ///< title of the review
 };
 

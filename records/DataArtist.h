@@ -14,8 +14,8 @@
 /// The artist of an artist page: the summary with albums, station, biography and genres.
 ///
 /// Element: "Artist". `FromXML` expects that element, or a parent, in which it takes the first
-/// "Artist". Deliberate deviation: in the log text list items have no line break of their own, and
-/// the summary comes last.
+/// "Artist". Deliberate deviations: in the log text the station comes first and the summary last,
+/// and list items have no line break of their own.
 class QUAVERA_API DataArtist : public DataArtistLite {
  public:
     DataArtist();

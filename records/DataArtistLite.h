@@ -10,6 +10,7 @@
 /// An artist's summary: what lists, search results and albums carry of the artist.
 ///
 /// Element: "Artist". `FromXML` expects that element itself.
+/// Deliberate deviation: a SOAP record may be null.
 class QUAVERA_API DataArtistLite : public QuavData {
  public:
     DataArtistLite();

@@ -12,9 +12,10 @@
 ///
 /// Element: "Genre". `FromXML` expects that element itself.
 /// Deliberate deviations: the class hides its base's `genreId` and `name` behind fields of its own
-/// and leaves the base's three fields alone; both lists are always written, and a null list of a
-/// SOAP record counts as empty; "ParentGenreCount" is written only beside a primary parent, and
-/// never read; `description` is not printed.
+/// and leaves the base's three fields alone; both lists are always written, a null one as empty,
+/// and of what they hold only elements "GenreLite" are read; a "SubGenreCount" of zero is not
+/// written; "ParentGenreCount" is written only beside a primary parent, and never read;
+/// `description` is not printed.
 class QUAVERA_API DataGenre : public DataGenreLite {
  public:
     DataGenre();

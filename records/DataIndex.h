@@ -10,8 +10,9 @@
 /// An entry of the alphabetic index over a long list: where a letter's items begin.
 ///
 /// Element: "Index". `FromXML` expects that element itself.
-/// Deliberate deviations: of the letter only the first byte is written, as the hexadecimal text of
-/// `CharToHexString`, so that every byte survives; the position is written as a plain text.
+/// Deliberate deviations: of the letter only the first byte is written (of an empty one, a zero
+/// byte), as the hexadecimal text of `CharToHexString`, so that every byte survives; the position
+/// is written as a plain text.
 class QUAVERA_API DataIndex : public QuavData {
  public:
     DataIndex();
@@ -28,8 +29,8 @@ class QUAVERA_API DataIndex : public QuavData {
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string letter;  ///< one byte once read, of any value, zero included
-    int start = 0;       ///< position in the list of the letter's first item
+    std::string letter;  ///< the letter: one byte once read, of any value, zero included
+    int start = 0;       ///< position of the letter's first item, as the service counts
 };
 
 #endif  // QUAVERA_RECORDS_DATA_INDEX_H_

@@ -12,7 +12,8 @@
 ///
 /// Element: "LibraryModification". `FromXML` expects that element itself.
 /// Deliberate deviations: "SubCount" is always written beside a list, zero included, and never
-/// read; the values stand directly in the element.
+/// read; the values stand directly in the element, and one that is marked as encoded is read
+/// decoded; the log text begins with the stamp, and has a line "id = " for each identifier.
 class QUAVERA_API DataLibraryModificationResult : public QuavData {
  public:
     DataLibraryModificationResult();
@@ -29,8 +30,8 @@ class QUAVERA_API DataLibraryModificationResult : public QuavData {
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::vector<std::string> ids;  ///< what the change made or touched, in the order of the tree
-    unsigned long libraryLastDateModified = 0;  ///< the service's stamp, 32 bits
+    std::vector<std::string> ids;  ///< of what the change made or touched, in the order of the tree
+    unsigned long libraryLastDateModified = 0;  ///< the library's new stamp, 32 bits
 };
 
 #endif  // QUAVERA_RECORDS_DATA_LIBRARY_MODIFICATION_RESULT_H_

@@ -11,6 +11,7 @@
 /// The header of a member's library: whose it is, and when it was last changed.
 ///
 /// Element: "MemberLibraryLite". `FromXML` expects that element itself.
+/// Deliberate deviation: the stamp's element is "LastModified", its label `lastModifiedDate`.
 class QUAVERA_API DataMemberLibraryLite : public QuavData {
  public:
     DataMemberLibraryLite();

@@ -28,8 +28,8 @@ class QUAVERA_API DataPlaylistLite : public QuavData {
     void FromXML(ZQXML::INode* node) override;
     std::string ToString() override;
 
-    std::string createdDate;       ///< the element's text, the service's date in decimal
-    std::string lastModifiedDate;  ///< the element's text, of the last change
+    std::string createdDate;       ///< date of creation: the element's text, as a rule decimal
+    std::string lastModifiedDate;  ///< date of the last change, likewise
     std::string name;              ///< the playlist's name, as received
     std::string playlistId;        ///< the service's identifier of the playlist
     std::string type;              ///< the service's name of the type

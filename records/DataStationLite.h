@@ -11,7 +11,7 @@
 /// A station's summary, as artists and member libraries carry it.
 ///
 /// Element: "Station". `FromXML` expects that element itself.
-/// Deliberate deviations: the flag, first in the SOAP record, is written last, and only if it is
+/// Deliberate deviation: the flag, first in the SOAP record, is written last, and only if it is
 /// true.
 class QUAVERA_API DataStationLite : public QuavData {
  public:
@@ -30,7 +30,7 @@ class QUAVERA_API DataStationLite : public QuavData {
     std::string ToString() override;
 
     std::wstring name;         ///< the station's name
-    std::uint64_t reserved64;  ///< carried by copies only, and without a value until then
+    std::uint64_t reserved64;  ///< copied, else untouched; no value until it is given one
     std::string stationId;     ///< the service's identifier of the station
     std::string type;          ///< the service's name of the type
     bool freeStation = false;  ///< whether it can be played free of charge

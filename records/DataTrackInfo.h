@@ -15,10 +15,11 @@
 /// initialised; `userData` is read but never written.
 class QUAVERA_API DataTrackInfo : public QuavData {
  public:
-    /// Reserves room for typical identifiers and display names.
+    /// Reserves room for 20 characters in each identifier, and for 100 in `displayAlbumName` and in
+    /// `displayArtistName`.
     DataTrackInfo();
-    /// The same without that room, six allocations less. What a list holds has none, like any copy
-    /// of an empty track.
+    /// The same without that room, six allocations less. So the items of lists are made; a copy of
+    /// an empty track has none of that room either.
     explicit DataTrackInfo(Unreserved);
     DataTrackInfo(const DataTrackInfo&);
     DataTrackInfo(DataTrackInfo&&) noexcept;

@@ -12,8 +12,8 @@
 #include "records/Records.def"
 
 /// @file
-/// Records as text, in one call each way: what a component sends that has a SOAP record, and what
-/// one does that has received the text.
+/// Records as text, in one call each way: `quavera::WriteRecord` for a component that has a SOAP
+/// record and sends its text, `quavera::ReadRecord` for one that has received the text.
 ///
 ///     #include "records/DataAlbum.h"
 ///     #include "records/RecordText.h"
@@ -34,9 +34,9 @@ enum class RecordNode {
     kParent,   ///< the node that holds the element, or several
 };
 
-/// What a record class is called (`kClass`), the name of its element (`kName`), and which node it
-/// reads (`kNode`): texts that live as long as the program, and a `RecordNode`. Defined for the
-/// record classes only.
+/// What a record class is called (`kClass`), the name of its element (`kName`), texts that live as
+/// long as the program, and which node it reads (`kNode`, a `RecordNode`). Defined for the record
+/// classes only.
 template <class Record>
 struct RecordElement;
 
@@ -49,11 +49,11 @@ struct RecordElement;
     };
 #include "records/Records.def"
 
-/// Fills `*record` from the root of a tree, the record's element, whatever its name. `root` is
-/// borrowed, and a null one counts as empty; `record` must not be null. Where the
-/// class reads a parent, the element becomes the child of one that is made for it; an element that
-/// has a parent already cannot, and then nothing is read. Of fields that the tree does not have the
-/// values stay, and lists grow, as `FromXML` has it. Throws `std::bad_alloc` only.
+/// Fills `*record` from the root of a tree, the record's element, as `FromXML` does. What becomes
+/// of an element of another name is left to that. `root` is borrowed, and a null one counts as
+/// empty; `record` must not be null. Where the class reads a parent, the element becomes the child
+/// of one that is made for the call; an element that has a parent already cannot, and then nothing
+/// is read. Throws `std::bad_alloc` only; fields may be filled then.
 template <class Record>
 void ReadRecordTree(ZQXML::INode* root, Record* record) {
     if constexpr (RecordElement<Record>::kNode == RecordNode::kElement) {
@@ -65,7 +65,7 @@ void ReadRecordTree(ZQXML::INode* root, Record* record) {
     }
 }
 
-/// Fills `*record`, which must not be null, from the text of its element.
+/// Fills `*record`, which must not be null, from the text of its element, which is borrowed.
 ///
 /// False for a text that `ZQXML::ParseXml` does not accept, and for a root that is not the element
 /// of this class; then `*record` is unchanged, and `*error`, where `error` is not null, says why:
@@ -95,9 +95,9 @@ bool ReadRecord(std::string_view xml, Record* record, std::string* error = nullp
 }
 
 /// The text of the element that `Record::ToXML` makes of a SOAP record, which is borrowed and must
-/// not be null: UTF-8, without an XML declaration and a final line break; with `indent`, one
-/// element a line (see `ZQXML::WriteXml`). `ReadRecord` reads it back. Throws `std::bad_alloc`
-/// only.
+/// not be null unless that function says otherwise: UTF-8, without an XML declaration and a final
+/// line break; with `indent`, one element a line (see `ZQXML::WriteXml`). `ReadRecord` reads it
+/// back. Throws `std::bad_alloc` only.
 template <class Record, class Soap>
 std::string WriteRecord(Soap* soap, bool indent = false) {
     return ZQXML::WriteXml(Record::ToXML(soap).get(), indent);

@@ -4,8 +4,8 @@
 /// @file
 /// The SOAP records by name, for the records' headers; soap/QuaveraStub.h has their members.
 
-/// The SOAP records of the service. They are gSOAP's, except for what their repeated elements are
-/// held in (soap/QuaveraWrappers.h).
+/// The SOAP records of the service. gSOAP generates them, except for what their repeated elements
+/// are held in (soap/QuaveraWrappers.h).
 namespace Quavera {
 #define QUAVERA_RECORD(Record, Soap, element, node, answer) class Soap;
 #include "records/Records.def"
