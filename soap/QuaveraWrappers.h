@@ -24,7 +24,7 @@ class Quavera2__AlphaIndexPosition;
 template <typename Item>
 struct RecordArray {
     Item* items = nullptr;  ///< the first one; null where there is none
-    int count = 0;          ///< their number
+    int count = 0;          ///< their number; less than one stands for none
 };
 
 // Classes and not aliases, so that they can be forward-declared under their names.
