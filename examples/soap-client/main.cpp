@@ -9,23 +9,21 @@
 #include <iostream>
 #include <string>
 
+#include "common/SocketHelpers.h"
 #include "records/DataAlbum.h"
 #include "records/RecordText.h"
 #include "soap/QuaveraH.h"
 
 namespace {
 
-constexpr int kSecondsToConnect = 10;
 constexpr int kSecondsForAll = 60;
 constexpr int kMostBytes = 4 * 1024 * 1024;
 
 class Client {
  public:
     explicit Client(const char* endpoint) : endpoint_(endpoint) {
-        soap_.connect_timeout = kSecondsToConnect;
-        soap_.recv_timeout = kSecondsForAll;
-        soap_.send_timeout = kSecondsForAll;
-        soap_.transfer_timeout = kSecondsForAll;
+        SetSoapTimeouts(&soap_);                  // for silence
+        soap_.transfer_timeout = kSecondsForAll;  // for a service that sends byte by byte
         soap_.recv_maxlength = kMostBytes;
         soap_.socket_flags = MSG_NOSIGNAL;  // a service that hangs up is a failure, not our end
     }
