@@ -28,8 +28,11 @@ def run_commands(source):
 @functools.cache
 def build_files(source):
     """The texts of the files that CMake reads."""
-    paths = [path for ending in ("CMakeLists.txt", "*.cmake") for path in source.rglob(ending)
-             if not path.relative_to(source).parts[0].startswith("build")]
+    folders = [path for path in source.iterdir()  # of builds, the files are others'
+               if path.is_dir() and not path.name.startswith("build")]
+    paths = [path for folder in folders for ending in ("CMakeLists.txt", "*.cmake")
+             for path in folder.rglob(ending)]
+    paths.append(source / "CMakeLists.txt")
     return "".join(path.read_text(encoding="utf-8") for path in paths)
 
 
