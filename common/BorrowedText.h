@@ -24,6 +24,9 @@ std::string Narrow(std::wstring_view wide);
 /// Appends `convertToUtf8`'s result.
 void AppendNarrow(std::wstring_view wide, TextBuffer* out);
 
+/// UTF-8, as the C library's converter names it.
+inline constexpr char kUtf8[] = "UTF-8";
+
 /// `convertToCodePage`.
 std::string ConvertToCodePage(const char* codePage, std::wstring_view wide);
 

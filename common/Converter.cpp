@@ -16,7 +16,6 @@ static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__,
 
 namespace {
 
-constexpr char kUtf8[] = "UTF-8";
 constexpr char kWide[] = "UCS-4LE";
 
 constexpr std::size_t kRoomPerUnit = 4;
