@@ -25,7 +25,7 @@ std::string Narrow(std::wstring_view wide);
 void AppendNarrow(std::wstring_view wide, TextBuffer* out);
 
 /// UTF-8, as the C library's converter names it.
-inline constexpr char kUtf8[] = "UTF-8";
+constexpr char kUtf8[] = "UTF-8";
 
 /// `convertToCodePage`.
 std::string ConvertToCodePage(const char* codePage, std::wstring_view wide);
